@@ -1,0 +1,6 @@
+# Installation: libraries, headers, pkg-config file and CMake package.
+install(TARGETS brano vorlan EXPORT VorlanTargets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY ${VORLAN_PUBLIC_INCLUDE}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vorlan
+  FILES_MATCHING PATTERN "*.h")

@@ -1,0 +1,168 @@
+/*
+ * winnls.h - code pages, text conversion, string helpers and locale
+ * information of the host library.
+ */
+#ifndef VORLAN_WINNLS_H
+#define VORLAN_WINNLS_H
+
+#include "windef.h"
+
+#ifndef RC_INVOKED
+
+#define CP_ACP 0
+#define CP_OEMCP 1
+#define CP_MACCP 2
+#define CP_THREAD_ACP 3
+#define CP_SYMBOL 42
+#define CP_UTF7 65000
+#define CP_UTF8 65001
+
+#define MB_PRECOMPOSED 0x00000001
+#define MB_COMPOSITE 0x00000002
+#define MB_USEGLYPHCHARS 0x00000004
+#define MB_ERR_INVALID_CHARS 0x00000008
+#define WC_COMPOSITECHECK 0x00000200
+#define WC_DISCARDNS 0x00000010
+#define WC_SEPCHARS 0x00000020
+#define WC_DEFAULTCHAR 0x00000040
+#define WC_ERR_INVALID_CHARS 0x00000080
+#define WC_NO_BEST_FIT_CHARS 0x00000400
+
+BRANOAPI int WINAPI MultiByteToWideChar(UINT CodePage, DWORD dwFlags, LPCSTR lpMultiByteStr,
+                                        int cbMultiByte, LPWSTR lpWideCharStr, int cchWideChar);
+BRANOAPI int WINAPI WideCharToMultiByte(UINT CodePage, DWORD dwFlags, LPCWSTR lpWideCharStr,
+                                        int cchWideChar, LPSTR lpMultiByteStr, int cbMultiByte,
+                                        LPCSTR lpDefaultChar, LPBOOL lpUsedDefaultChar);
+BRANOAPI UINT WINAPI GetACP(void);
+BRANOAPI UINT WINAPI GetOEMCP(void);
+BRANOAPI BOOL WINAPI IsValidCodePage(UINT CodePage);
+
+/* An ICU converter (UConverter*) for a code page; 0 is the process ANSI
+ * page.  Null when ICU has no converter for it.  Every converter obtained
+ * goes back through ReleaseIcuConverter. */
+BRANOAPI void *GetIcuConverter(UINT codePage);
+BRANOAPI void ReleaseIcuConverter(void *converter);
+
+/* ---- Comparison ------------------------------------------------------ */
+#define NORM_IGNORECASE 0x00000001
+#define NORM_IGNORENONSPACE 0x00000002
+#define NORM_IGNORESYMBOLS 0x00000004
+#define NORM_IGNOREKANATYPE 0x00010000
+#define NORM_IGNOREWIDTH 0x00020000
+#define SORT_STRINGSORT 0x00001000
+#define CSTR_LESS_THAN 1
+#define CSTR_EQUAL 2
+#define CSTR_GREATER_THAN 3
+
+BRANOAPI int WINAPI CompareStringW(LCID Locale, DWORD dwCmpFlags, LPCWSTR lpString1, int cchCount1,
+                                   LPCWSTR lpString2, int cchCount2);
+BRANOAPI int WINAPI CompareStringA(LCID Locale, DWORD dwCmpFlags, LPCSTR lpString1, int cchCount1,
+                                   LPCSTR lpString2, int cchCount2);
+
+/* ---- Character helpers ----------------------------------------------- */
+BRANOAPI LPSTR WINAPI CharLowerA(LPSTR lpsz);
+BRANOAPI LPSTR WINAPI CharUpperA(LPSTR lpsz);
+BRANOAPI LPWSTR WINAPI CharLowerW(LPWSTR lpsz);
+BRANOAPI LPWSTR WINAPI CharUpperW(LPWSTR lpsz);
+BRANOAPI LPSTR WINAPI CharNextA(LPCSTR lpsz);
+BRANOAPI LPWSTR WINAPI CharNextW(LPCWSTR lpsz);
+BRANOAPI LPSTR WINAPI CharPrevA(LPCSTR lpszStart, LPCSTR lpszCurrent);
+BRANOAPI LPWSTR WINAPI CharPrevW(LPCWSTR lpszStart, LPCWSTR lpszCurrent);
+BRANOAPI BOOL WINAPI IsCharAlphaA(CHAR ch);
+BRANOAPI BOOL WINAPI IsCharAlphaNumericA(CHAR ch);
+BRANOAPI BOOL WINAPI IsCharAlphaW(WCHAR ch);
+BRANOAPI BOOL WINAPI IsCharAlphaNumericW(WCHAR ch);
+
+BRANOAPI int WINAPI lstrlenA(LPCSTR lpString);
+BRANOAPI int WINAPI lstrlenW(LPCWSTR lpString);
+BRANOAPI LPSTR WINAPI lstrcpyA(LPSTR lpString1, LPCSTR lpString2);
+BRANOAPI LPWSTR WINAPI lstrcpyW(LPWSTR lpString1, LPCWSTR lpString2);
+BRANOAPI LPSTR WINAPI lstrcpynA(LPSTR lpString1, LPCSTR lpString2, int iMaxLength);
+BRANOAPI LPWSTR WINAPI lstrcpynW(LPWSTR lpString1, LPCWSTR lpString2, int iMaxLength);
+BRANOAPI LPSTR WINAPI lstrcatA(LPSTR lpString1, LPCSTR lpString2);
+BRANOAPI LPWSTR WINAPI lstrcatW(LPWSTR lpString1, LPCWSTR lpString2);
+BRANOAPI int WINAPI lstrcmpA(LPCSTR lpString1, LPCSTR lpString2);
+BRANOAPI int WINAPI lstrcmpW(LPCWSTR lpString1, LPCWSTR lpString2);
+BRANOAPI int WINAPI lstrcmpiA(LPCSTR lpString1, LPCSTR lpString2);
+BRANOAPI int WINAPI lstrcmpiW(LPCWSTR lpString1, LPCWSTR lpString2);
+
+/* Host copies: Cstrncpy copies at most n-1 bytes and always terminates
+ * (n > 0); Csetmem fills size bytes of block with value. */
+BRANOAPI char *Cstrncpy(char *dst, const char *src, size_t n);
+BRANOAPI void *Csetmem(void *block, size_t size, int value);
+
+/* ---- Locale ---------------------------------------------------------- */
+#define LOCALE_NOUSEROVERRIDE 0x80000000
+#define LOCALE_RETURN_NUMBER 0x20000000
+#define LOCALE_ILANGUAGE 0x00000001
+#define LOCALE_SLANGUAGE 0x00000002
+#define LOCALE_SENGLANGUAGE 0x00001001
+#define LOCALE_SABBREVLANGNAME 0x00000003
+#define LOCALE_SNATIVELANGNAME 0x00000004
+#define LOCALE_ICOUNTRY 0x00000005
+#define LOCALE_SCOUNTRY 0x00000006
+#define LOCALE_SENGCOUNTRY 0x00001002
+#define LOCALE_SABBREVCTRYNAME 0x00000007
+#define LOCALE_SNATIVECTRYNAME 0x00000008
+#define LOCALE_IDEFAULTLANGUAGE 0x00000009
+#define LOCALE_IDEFAULTCOUNTRY 0x0000000A
+#define LOCALE_IDEFAULTCODEPAGE 0x0000000B
+#define LOCALE_IDEFAULTANSICODEPAGE 0x00001004
+#define LOCALE_IDEFAULTMACCODEPAGE 0x00001011
+#define LOCALE_SLIST 0x0000000C
+#define LOCALE_IMEASURE 0x0000000D
+#define LOCALE_SDECIMAL 0x0000000E
+#define LOCALE_STHOUSAND 0x0000000F
+#define LOCALE_SGROUPING 0x00000010
+#define LOCALE_IDIGITS 0x00000011
+#define LOCALE_ILZERO 0x00000012
+#define LOCALE_INEGNUMBER 0x00001010
+#define LOCALE_SNATIVEDIGITS 0x00000013
+#define LOCALE_SCURRENCY 0x00000014
+#define LOCALE_SINTLSYMBOL 0x00000015
+#define LOCALE_SMONDECIMALSEP 0x00000016
+#define LOCALE_SMONTHOUSANDSEP 0x00000017
+#define LOCALE_SMONGROUPING 0x00000018
+#define LOCALE_ICURRDIGITS 0x00000019
+#define LOCALE_IINTLCURRDIGITS 0x0000001A
+#define LOCALE_ICURRENCY 0x0000001B
+#define LOCALE_INEGCURR 0x0000001C
+#define LOCALE_SDATE 0x0000001D
+#define LOCALE_STIME 0x0000001E
+#define LOCALE_SSHORTDATE 0x0000001F
+#define LOCALE_SLONGDATE 0x00000020
+#define LOCALE_STIMEFORMAT 0x00001003
+#define LOCALE_IDATE 0x00000021
+#define LOCALE_ILDATE 0x00000022
+#define LOCALE_ITIME 0x00000023
+#define LOCALE_ITIMEMARKPOSN 0x00001005
+#define LOCALE_ICENTURY 0x00000024
+#define LOCALE_ITLZERO 0x00000025
+#define LOCALE_IDAYLZERO 0x00000026
+#define LOCALE_IMONLZERO 0x00000027
+#define LOCALE_S1159 0x00000028
+#define LOCALE_S2359 0x00000029
+#define LOCALE_ICALENDARTYPE 0x00001009
+#define LOCALE_IFIRSTDAYOFWEEK 0x0000100C
+#define LOCALE_IFIRSTWEEKOFYEAR 0x0000100D
+#define LOCALE_SDAYNAME1 0x0000002A
+#define LOCALE_SDAYNAME7 0x00000030
+#define LOCALE_SABBREVDAYNAME1 0x00000031
+#define LOCALE_SABBREVDAYNAME7 0x00000037
+#define LOCALE_SMONTHNAME1 0x00000038
+#define LOCALE_SMONTHNAME12 0x00000043
+#define LOCALE_SABBREVMONTHNAME1 0x00000044
+#define LOCALE_SABBREVMONTHNAME12 0x0000004F
+#define LOCALE_SPOSITIVESIGN 0x00000050
+#define LOCALE_SNEGATIVESIGN 0x00000051
+#define LOCALE_SISO639LANGNAME 0x00000059
+#define LOCALE_SISO3166CTRYNAME 0x0000005A
+
+BRANOAPI LCID WINAPI GetSystemDefaultLCID(void);
+BRANOAPI LCID WINAPI GetUserDefaultLCID(void);
+BRANOAPI LANGID WINAPI GetSystemDefaultLangID(void);
+BRANOAPI LANGID WINAPI GetUserDefaultLangID(void);
+BRANOAPI int WINAPI GetLocaleInfoA(LCID Locale, LCTYPE LCType, LPSTR lpLCData, int cchData);
+
+#endif /* RC_INVOKED */
+#endif /* VORLAN_WINNLS_H */
