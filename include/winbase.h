@@ -26,7 +26,9 @@ BRANOAPI void WINAPI SetLastError(DWORD dwErrCode);
 #define GMEM_SHARE 0x2000
 #define GMEM_DDESHARE 0x2000
 #define GMEM_LOCKCOUNT 0x00ff
+#define GMEM_DISCARDED 0x4000
 #define GMEM_INVALID_HANDLE 0x8000
+#define GMEM_VALID_FLAGS 0x7F72
 #define GHND (GMEM_MOVEABLE | GMEM_ZEROINIT)
 #define GPTR (GMEM_FIXED | GMEM_ZEROINIT)
 #define LMEM_FIXED 0x0000
@@ -82,6 +84,10 @@ BRANOAPI int WINAPI LoadStringW(HINSTANCE hInstance, UINT uID, LPWSTR lpBuffer, 
  * helper call this from a constructor; it is public so that plug-ins can
  * do the same.  Returns FALSE for data that is not a resource file. */
 BRANOAPI BOOL BranoRegisterModuleResources(HMODULE hModule, const void *data, SIZE_T size);
+/* Withdraws a block registered with the same module and data pointer (a
+ * module being unloaded); the HRSRC and HGLOBAL values of its resources
+ * become invalid.  FALSE when no such block is registered. */
+BRANOAPI BOOL BranoUnregisterModuleResources(HMODULE hModule, const void *data);
 
 /* ---- Threads and time ------------------------------------------------ */
 BRANOAPI DWORD WINAPI GetCurrentThreadId(void);
