@@ -1,0 +1,110 @@
+// Expose events taken from the display ahead of the main loop.
+
+// GoogleTest comes before the X headers, whose macros (None, Bool) clash with it.
+#include <gtest/gtest.h>
+
+#include "gtk/vorlglobals.h"
+#include "gtk/vorlgtklock.h"
+#include "support/gtk_helpers.h"
+
+#include <gdk/gdkx.h>
+
+using namespace vorlan_test;
+
+namespace {
+
+GdkRectangle TakeUpdateArea(GdkWindow *window)
+{
+    vorlan::GtkCriticalSection lock;
+    GdkRectangle box = {0, 0, 0, 0};
+    if (GdkRegion *region = gdk_window_get_update_area(window)) {
+        gdk_region_get_clipbox(region, &box);
+        gdk_region_destroy(region);
+    }
+    return box;
+}
+
+// Freezes the window's updates and clears what the mapping exposed, taking
+// any Expose still queued on the display with it.
+void StartClean(GdkWindow *window)
+{
+    PumpPending();
+    vorlan::GtkCriticalSection lock;
+    gdk_window_freeze_updates(window);
+    XSync(XDisplay(), False);
+    ProcessExposeEvents();
+    TakeUpdateArea(window);
+}
+
+void ProcessExposeEventsLocked()
+{
+    vorlan::GtkCriticalSection lock;
+    ProcessExposeEvents();
+}
+
+bool ExposeQueuedFor(XID window)
+{
+    vorlan::GtkCriticalSection lock;
+    XEvent event;
+    if (!XCheckTypedWindowEvent(XDisplay(), window, Expose, &event))
+        return false;
+    XPutBackEvent(XDisplay(), &event);
+    return true;
+}
+
+} // namespace
+
+TEST(ProcessExposeEvents, InvalidatesTheExposedPartOfAWidgetWindow)
+{
+    PopupWindow popup(300, 300, 40, 40);
+    GdkWindow *window = popup.window();
+    StartClean(window);
+    SendExpose(popup.xid(), 4, 5, 6, 7);
+    ProcessExposeEventsLocked();
+    const GdkRectangle area = TakeUpdateArea(window);
+    EXPECT_EQ(area.x, 4);
+    EXPECT_EQ(area.y, 5);
+    EXPECT_EQ(area.width, 6);
+    EXPECT_EQ(area.height, 7);
+}
+
+TEST(ProcessExposeEvents, DropsExposeOfXWindowUnknownToGdk)
+{
+    ForeignXWindow foreign;
+    SendExpose(foreign.xid(), 0, 0, 5, 5);
+    ASSERT_TRUE(ExposeQueuedFor(foreign.xid()));
+    ProcessExposeEventsLocked();
+    EXPECT_FALSE(ExposeQueuedFor(foreign.xid()));
+}
+
+TEST(ProcessExposeEvents, ExposeOfWindowWithHandleDoesNotInvalidateTheGdkWindow)
+{
+    PlainGdkWindow plain(300, 300, 40, 40);
+    AttachHwnd(plain.window(), FakeHwnd(9));
+    StartClean(plain.window());
+    SendExpose(plain.xid(), 1, 1, 5, 5);
+    ProcessExposeEventsLocked();
+    EXPECT_FALSE(ExposeQueuedFor(plain.xid()));
+    EXPECT_EQ(TakeUpdateArea(plain.window()).width, 0);
+}
+
+TEST(ProcessExposeEvents, LeavesOtherEventsQueued)
+{
+    PlainGdkWindow plain(300, 300, 40, 40);
+    AttachHwnd(plain.window(), FakeHwnd(10));
+    {
+        vorlan::GtkCriticalSection lock;
+        XEvent event = {};
+        event.xclient.type = ClientMessage;
+        event.xclient.display = XDisplay();
+        event.xclient.window = plain.xid();
+        event.xclient.message_type = XInternAtom(XDisplay(), "VORLAN_TEST_MESSAGE", False);
+        event.xclient.format = 32;
+        XSendEvent(XDisplay(), event.xclient.window, False, 0, &event);
+        XSync(XDisplay(), False);
+    }
+    ProcessExposeEventsLocked();
+    vorlan::GtkCriticalSection lock;
+    XEvent event;
+    EXPECT_TRUE(XCheckTypedWindowEvent(XDisplay(), plain.xid(), ClientMessage, &event));
+}

@@ -1,0 +1,13 @@
+/* The library's own public header is usable from C. */
+#include <windows.h>
+#include <vorlan.h>
+
+void vorlan_h_in_c(void);
+
+void vorlan_h_in_c(void)
+{
+    void (*callback)(void) = QRTInitedCallback;
+    HWND (*lookup)(unsigned long) = GetWindowHandleFromXID;
+    (void)callback;
+    (void)lookup;
+}
