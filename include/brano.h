@@ -23,7 +23,9 @@ BRANOAPI LRESULT CallWindowsHook(int type, int code, WPARAM wParam, LPARAM lPara
 
 /* A growable array of fixed-size items, copied in and out.  Indexes count
  * items.  Methods that can fail return FALSE (or a null pointer) and leave
- * the vector unchanged. */
+ * the vector unchanged.  While the vector is locked, the methods that could
+ * move the items (Init, InitWithMem, Append, AppendReserve, Insert, Resize,
+ * Clone) fail, so that the pointer returned by Lock stays valid. */
 class VORLAN_EXPORT CVector {
 public:
     CVector(UINT itemSize = 1, UINT options = 0);
