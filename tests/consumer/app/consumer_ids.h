@@ -1,0 +1,4 @@
+#define IDS_GREETING 101
+#define IDS_UNICODE 102
+#define IDD_ABOUT 200
+#define IDC_NAME 201
