@@ -77,7 +77,7 @@
 #define VORLAN_STATIC_ASSERT(cond, msg) _Static_assert(cond, msg)
 #else
 #define VORLAN_STATIC_ASSERT(cond, msg) \
-    typedef char VORLAN_CAT(vorlan_static_assert_, __LINE__)[(cond) ? 1 : -1] \
+    typedef char VORLAN_CAT(vorlan_static_assert_, __COUNTER__)[(cond) ? 1 : -1] \
         __attribute__((unused))
 #endif
 

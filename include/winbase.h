@@ -10,6 +10,15 @@
 
 #ifndef RC_INVOKED
 
+/* ---- Security attributes of created objects ------------------------ */
+typedef PVOID PSECURITY_DESCRIPTOR;
+typedef struct _SECURITY_ATTRIBUTES {
+    DWORD nLength;
+    LPVOID lpSecurityDescriptor;
+    BOOL bInheritHandle;
+} SECURITY_ATTRIBUTES, *PSECURITY_ATTRIBUTES, *LPSECURITY_ATTRIBUTES;
+VORLAN_CHECK_SIZE(SECURITY_ATTRIBUTES, 12, 24);
+
 /* ---- Last error ------------------------------------------------------ */
 BRANOAPI DWORD WINAPI GetLastError(void);
 BRANOAPI void WINAPI SetLastError(DWORD dwErrCode);

@@ -5,28 +5,8 @@
 #ifndef VORLAN_WINREG_H
 #define VORLAN_WINREG_H
 
-#include "windef.h"
+#include "winbase.h"
 
-/* ---- Standard access rights ------------------------------------------ */
-#ifndef VORLAN_ACCESS_RIGHTS_DEFINED
-#define VORLAN_ACCESS_RIGHTS_DEFINED
-#define DELETE 0x00010000
-#define READ_CONTROL 0x00020000
-#define WRITE_DAC 0x00040000
-#define WRITE_OWNER 0x00080000
-#define SYNCHRONIZE 0x00100000
-#define STANDARD_RIGHTS_REQUIRED 0x000F0000
-#define STANDARD_RIGHTS_READ READ_CONTROL
-#define STANDARD_RIGHTS_WRITE READ_CONTROL
-#define STANDARD_RIGHTS_EXECUTE READ_CONTROL
-#define STANDARD_RIGHTS_ALL 0x001F0000
-#define SPECIFIC_RIGHTS_ALL 0x0000FFFF
-#define MAXIMUM_ALLOWED 0x02000000
-#define GENERIC_READ 0x80000000
-#define GENERIC_WRITE 0x40000000
-#define GENERIC_EXECUTE 0x20000000
-#define GENERIC_ALL 0x10000000
-#endif
 
 /* ---- Key access rights ----------------------------------------------- */
 #define KEY_QUERY_VALUE 0x0001
@@ -94,17 +74,6 @@
 
 typedef ACCESS_MASK REGSAM;
 typedef LONG LSTATUS;
-
-#ifndef VORLAN_SECURITY_ATTRIBUTES_DEFINED
-#define VORLAN_SECURITY_ATTRIBUTES_DEFINED
-typedef PVOID PSECURITY_DESCRIPTOR;
-typedef struct _SECURITY_ATTRIBUTES {
-    DWORD nLength;
-    LPVOID lpSecurityDescriptor;
-    BOOL bInheritHandle;
-} SECURITY_ATTRIBUTES, *PSECURITY_ATTRIBUTES, *LPSECURITY_ATTRIBUTES;
-VORLAN_CHECK_SIZE(SECURITY_ATTRIBUTES, 12, 24);
-#endif
 
 /* ---- Opening, creating and closing keys ------------------------------ */
 WINADVAPI LSTATUS WINAPI RegOpenKeyExA(HKEY hKey, LPCSTR lpSubKey, DWORD ulOptions, REGSAM samDesired,

@@ -15,16 +15,6 @@
 #include <X11/Xlib.h>
 #include <gdk/gdk.h>
 
-#ifndef WM_CLOSE
-#define WM_CLOSE 0x0010
-#endif
-#ifndef WM_SYSCOMMAND
-#define WM_SYSCOMMAND 0x0112
-#endif
-#ifndef SC_CLOSE
-#define SC_CLOSE 0xF060
-#endif
-
 // ---- Start-up --------------------------------------------------------------
 
 // Registers the built-in window classes and makes the desktop window.
