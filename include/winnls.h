@@ -199,5 +199,18 @@ BRANOAPI LANGID WINAPI GetSystemDefaultLangID(void);
 BRANOAPI LANGID WINAPI GetUserDefaultLangID(void);
 BRANOAPI int WINAPI GetLocaleInfoA(LCID Locale, LCTYPE LCType, LPSTR lpLCData, int cchData);
 
+/* Locale calls of libvorlan. */
+#define LCID_INSTALLED 0x00000001
+#define LCID_SUPPORTED 0x00000002
+#define LCID_ALTERNATE_SORTS 0x00000004
+WINBASEAPI LCID WINAPI GetThreadLocale(void);
+WINBASEAPI int WINAPI GetLocaleInfoW(LCID Locale, LCTYPE LCType, LPWSTR lpLCData, int cchData);
+WINBASEAPI BOOL WINAPI IsValidLocale(LCID Locale, DWORD dwFlags);
+#ifdef UNICODE
+#define GetLocaleInfo GetLocaleInfoW
+#else
+#define GetLocaleInfo GetLocaleInfoA
+#endif
+
 #endif /* RC_INVOKED */
 #endif /* VORLAN_WINNLS_H */

@@ -1,0 +1,154 @@
+// Charset, code page and language tables and their helpers.
+
+#include <gtest/gtest.h>
+
+#include "vorlcharset.h"
+
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+namespace {
+
+// Sets LANG (or removes it) for the lifetime of the object.
+class ScopedLang {
+public:
+    explicit ScopedLang(const char *value)
+    {
+        const char *old = std::getenv("LANG");
+        if (old != nullptr)
+            m_saved = old;
+        if (value != nullptr)
+            setenv("LANG", value, 1);
+        else
+            unsetenv("LANG");
+    }
+    ~ScopedLang()
+    {
+        if (m_saved)
+            setenv("LANG", m_saved->c_str(), 1);
+        else
+            unsetenv("LANG");
+    }
+
+private:
+    std::optional<std::string> m_saved;
+};
+
+std::string LangOf(UINT charset)
+{
+    GString *string = g_string_new("prefix:");
+    vorlan::getLangByCharset(charset, string);
+    std::string result(string->str);
+    g_string_free(string, TRUE);
+    return result;
+}
+
+} // namespace
+
+TEST(CharsetTables, CharsetInfoRowsAndEnd)
+{
+    const vorlan::VorlCharsetInfo *rows = vorlan::gs_VorlCharsetInfo;
+    EXPECT_EQ(rows[0].nCharset, 0u);
+    EXPECT_EQ(rows[0].nCodepage, 1252u);
+    EXPECT_EQ(rows[1].nCharset, 2u);
+    EXPECT_EQ(rows[1].nCodepage, 42u);
+    EXPECT_EQ(rows[13].nCharset, 238u);
+    EXPECT_EQ(rows[13].nCodepage, 1250u);
+    EXPECT_EQ(rows[14].nCharset, 0u);
+    EXPECT_EQ(rows[14].nCodepage, 0u);
+}
+
+TEST(CharsetTables, MappingRows)
+{
+    const vorlan::CharsetMapping *rows = vorlan::charset_mapping;
+    EXPECT_EQ(rows[1].nCharset, 65001u);
+    EXPECT_STREQ(rows[1].szLang, "en-utf8");
+    EXPECT_STREQ(rows[1].szLocale, "en_US.UTF-8");
+    EXPECT_STREQ(rows[5].szLocale, "zh_TW.big5");
+    EXPECT_EQ(rows[10].nCharset, 163u);
+    EXPECT_EQ(rows[10].nCodepage, 1258u);
+    EXPECT_STREQ(rows[11].szLang, "th");
+    EXPECT_EQ(sizeof(rows[0].szLang), 32u);
+    EXPECT_EQ(sizeof(rows[0].szLocale), 32u);
+}
+
+TEST(CharsetByCodepage, TableLookups)
+{
+    EXPECT_EQ(vorlan::getCharsetByCodepage(1252), 0u);
+    EXPECT_EQ(vorlan::getCharsetByCodepage(932), 128u);
+    EXPECT_EQ(vorlan::getCharsetByCodepage(1250), 238u);
+    EXPECT_EQ(vorlan::getCharsetByCodepage(42), 2u);
+}
+
+TEST(CharsetByCodepage, UnknownPagesGiveZero)
+{
+    EXPECT_EQ(vorlan::getCharsetByCodepage(1258), 0u);
+    EXPECT_EQ(vorlan::getCharsetByCodepage(65001), 0u);
+    EXPECT_EQ(vorlan::getCharsetByCodepage(0), 0u);
+}
+
+TEST(CodepageByCharset, DefaultCharsetsGiveProcessPage)
+{
+    EXPECT_EQ(vorlan::getCodepageByCharset(0), GetACP());
+    EXPECT_EQ(vorlan::getCodepageByCharset(1), vorlan::getCodepageByCharset(0));
+}
+
+TEST(CodepageByCharset, TableLookups)
+{
+    EXPECT_EQ(vorlan::getCodepageByCharset(238), 1250u);
+    EXPECT_EQ(vorlan::getCodepageByCharset(128), 932u);
+    EXPECT_EQ(vorlan::getCodepageByCharset(2), 42u);
+    EXPECT_EQ(vorlan::getCodepageByCharset(222), 874u);
+}
+
+TEST(CodepageByCharset, UnknownCharsetsGiveWestern)
+{
+    EXPECT_EQ(vorlan::getCodepageByCharset(163), 1252u);
+    EXPECT_EQ(vorlan::getCodepageByCharset(77), 1252u);
+}
+
+TEST(CodepageByCharset, OemCharsetIsReported)
+{
+    testing::internal::CaptureStdout();
+    const UINT codepage = vorlan::getCodepageByCharset(255);
+    std::fflush(stdout);
+    const std::string output = testing::internal::GetCapturedStdout();
+    EXPECT_EQ(codepage, 1252u);
+    EXPECT_EQ(output, "Don't know how to map charset 255\n");
+}
+
+TEST(LangByCharset, NamedCharsets)
+{
+    EXPECT_EQ(LangOf(128), "prefix:ja");
+    EXPECT_EQ(LangOf(163), "prefix:vi");
+    EXPECT_EQ(LangOf(238), "prefix:en-us");
+}
+
+TEST(LangByCharset, NullStringIsIgnored)
+{
+    vorlan::getLangByCharset(128, nullptr);
+}
+
+TEST(LangByCharset, DefaultCharsetMatchesWholeLangIgnoringCase)
+{
+    {
+        ScopedLang lang("ZH_cn");
+        EXPECT_EQ(LangOf(1), "prefix:zh-cn");
+        EXPECT_EQ(LangOf(0), "prefix:zh-cn");
+    }
+    {
+        ScopedLang lang("zh_CN.UTF-8");
+        EXPECT_EQ(LangOf(1), "prefix:en-us");
+    }
+    {
+        ScopedLang lang("en_US.UTF-8");
+        EXPECT_EQ(LangOf(0), "prefix:en-utf8");
+    }
+}
+
+TEST(LangByCharset, NoLangGivesEnglish)
+{
+    ScopedLang lang(nullptr);
+    EXPECT_EQ(LangOf(0), "prefix:en-us");
+}
