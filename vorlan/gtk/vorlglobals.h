@@ -35,8 +35,8 @@ struct GlobalProcessData : EarlyInitializer {
 extern VORLAN_INTERNAL GlobalProcessData g_vorlData;
 
 // Atoms interned at start-up.
-extern Atom g_wm_take_focus;
-extern Atom g_wm_delete_window;
+extern VORLAN_INTERNAL Atom g_wm_take_focus;
+extern VORLAN_INTERNAL Atom g_wm_delete_window;
 extern Atom g_xembed_msg_type;
 
 // The X error handler that was in force before VorlXErrorHandler was
@@ -46,7 +46,7 @@ extern XErrorHandler xErrorHandler;
 } // namespace vorlan
 
 // The desktop window, made by UserInitialize at start-up.
-extern HWND g_hWndDesktop;
+extern VORLAN_INTERNAL HWND g_hWndDesktop;
 
 // Sees every X event before GDK translates it.  Installed for all windows.
 VORLAN_INTERNAL GdkFilterReturn vorlan_x_event_filter(GdkXEvent *xevent, GdkEvent *event, gpointer data);
