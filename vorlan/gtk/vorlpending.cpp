@@ -1,31 +1,29 @@
-// Behaviour of a process without window objects, for the calls that the
-// event pump and start-up make into the window, input, painting, clipboard
-// and drag-and-drop subsystems (declared in vorlpumpdeps.h).
+// Minimal behaviour of the subsystems that the event pump, start-up and the
+// window objects call into but that are not there yet (declared in
+// vorlpumpdeps.h): window classes and procedures, lifecycle, activation,
+// frame, menus, device contexts, input, painting, clipboard, foreign
+// windows and drag and drop.
 //
-// No handle is valid here, nothing is foreground or captured, events meant
-// for windows are taken and dropped, and the drag filters let everything
-// pass.  Each definition goes away when its subsystem provides the real one.
+// Nothing is foreground or captured, events meant for windows are taken
+// and dropped, and the drag filters let everything pass.  Each definition
+// goes away when its subsystem provides the real one.
 #include "gtk/vorlpumpdeps.h"
 
-// ---- Start-up --------------------------------------------------------------
+#include "gtk/vorlgtklock.h"
+#include "gtk/vorlpostmessage.h"
+#include "gtk/vorltestwindows.h"
+#include "gtk/vorlthread.h"
+#include "gtk/vorlglobals.h"
+#include "gtk/vorlwindow.h"
+#include "vorlwindowclass.h"
 
-void UserInitialize() {}
+// ---- Start-up --------------------------------------------------------------
 
 namespace vorlan {
 void InitializeClipboard() {}
 } // namespace vorlan
 
 // ---- Window objects ---------------------------------------------------------
-
-BOOL IsForeignWindow(HWND) { return FALSE; }
-
-XID GetXWindow(HWND) { return 0; }
-
-namespace vorlan {
-bool IsForeignChildWindow(HWND) { return false; }
-bool HasGtkWidget(HWND) { return false; }
-void SetWindowObscured(HWND, bool) {}
-} // namespace vorlan
 
 HWND WINAPI GetForegroundWindow(void) { return nullptr; }
 
@@ -49,10 +47,253 @@ void TranslateKeyEvent(GdkEvent *) {}
 
 void HandleGdkConfigureEvent(HWND, GdkEventConfigure *) {}
 
-void HandleGdkWindowStateEvent(HWND, GdkEventWindowState *) {}
 
 // ---- Drag and drop ----------------------------------------------------------
 
 GdkFilterReturn vorl_drag_x_filter(GdkXEvent *, GdkEvent *, gpointer) { return GDK_FILTER_CONTINUE; }
 
 int vorl_drag_event_filter(GdkEvent *, gpointer) { return 0; }
+
+// ---- Message queues -----------------------------------------------------------
+
+namespace vorlan {
+
+DWORD WindowThreadId(HWND hWnd) { return testing::TestWindowThread(hWnd); }
+
+bool WindowExists(HWND hWnd) { return testing::IsTestWindow(hWnd); }
+
+bool WindowIsDescendant(HWND parent, HWND hWnd) { return testing::IsTestWindowDescendant(parent, hWnd); }
+
+bool TakeNcPaintPending(HWND hWnd) { return testing::TakeTestWindowNcPaintPending(hWnd); }
+
+bool HasUpdateRegion(HWND hWnd) { return testing::TestWindowHasUpdateRegion(hWnd); }
+
+} // namespace vorlan
+
+LRESULT SendMessageAW(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam, BOOL wide)
+{
+    const DWORD owner = vorlan::WindowThreadId(hWnd);
+    if (owner == 0)
+        return 0;
+    if (owner != GetCurrentThreadId()) {
+        tagMSG msg = {hWnd, message, wParam, lParam, 0, {0, 0}};
+        return PostMessageCore(&msg, wide, TRUE, POST_TO_WINDOW_THREAD);
+    }
+    WNDPROC procedure = vorlan::testing::TestWindowProcedure(hWnd);
+    if (procedure == nullptr)
+        return 0;
+    vorlan::GtkLockReleaser unlocked;
+    return procedure(hWnd, message, wParam, lParam);
+}
+
+// Keys go to the focus window, else to the active window of the thread.
+BOOL ProcessKeyMessage(_InputMSG *record)
+{
+    const ThreadData *data = ThreadData::GetCurrentThreadData();
+    record->hwnd = data->hWndFocus ? data->hWndFocus : data->hWndActive;
+    return record->hwnd != nullptr;
+}
+
+// The pointer goes to the capture window, else to the active window; the
+// screen point stands for the client point.
+BOOL ProcessMouseMessage(_InputMSG *record)
+{
+    const ThreadData *data = ThreadData::GetCurrentThreadData();
+    record->hwnd = data->hWndCapture ? data->hWndCapture : data->hWndActive;
+    if (record->hwnd == nullptr)
+        return FALSE;
+    if (record->message != WM_MOUSEWHEEL)
+        record->wParam = 0;
+    record->lParam = MAKELPARAM(record->pt.x, record->pt.y);
+    return TRUE;
+}
+
+BOOL DispatchHook(MSG *, BOOL, BOOL) { return FALSE; }
+
+void DestroyStandInWindowsOfThread(DWORD tid) { vorlan::testing::DestroyTestWindowsOfThread(tid); }
+
+BOOL WINAPI GetCursorPos(LPPOINT lpPoint)
+{
+    if (lpPoint == nullptr)
+        return FALSE;
+    lpPoint->x = 0;
+    lpPoint->y = 0;
+    return TRUE;
+}
+
+// ---- Window classes and procedures -------------------------------------------
+//
+// Without the class table only the desktop's class exists.  Its procedure
+// id 1 stands for the default procedure pair, the first entry of the
+// procedure table; without the table an id has no addresses, so every id
+// answers for itself.
+
+namespace {
+
+WindowClass *DesktopClass()
+{
+    static WindowClass desktopClass = {nullptr, 32769, CS_VREDRAW | CS_HREDRAW | CS_DBLCLKS, 1, 0, 0,
+                                       nullptr, nullptr, nullptr, nullptr, nullptr, nullptr};
+    return &desktopClass;
+}
+
+} // namespace
+
+void WindowClass_RegisterBuiltins() {}
+
+WindowClass *WindowClass_FindClass(ATOM atom)
+{
+    return atom == DesktopClass()->atom ? DesktopClass() : nullptr;
+}
+
+LONG_PTR GetWndProc(UINT id, BOOL) { return id; }
+
+BOOL IsWndProcId(LONG_PTR) { return FALSE; }
+
+UINT AllocWndProcId(WNDPROC, WNDPROC) { return 0; }
+
+DWORD WINAPI GetClassLongA(HWND hWnd, int nIndex)
+{
+    vorlan::Window *pWnd = vorlan::getWindow(hWnd);
+    if (pWnd == nullptr) {
+        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+        return 0;
+    }
+    if (nIndex == GCLP_HMODULE)
+        return static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(pWnd->pClass->hInstance));
+    return 0;
+}
+
+#if VORLAN_LP64
+ULONG_PTR WINAPI GetClassLongPtrA(HWND hWnd, int nIndex)
+{
+    vorlan::Window *pWnd = vorlan::getWindow(hWnd);
+    if (pWnd == nullptr) {
+        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+        return 0;
+    }
+    if (nIndex == GCLP_HMODULE)
+        return reinterpret_cast<ULONG_PTR>(pWnd->pClass->hInstance);
+    return 0;
+}
+#endif
+
+// The class name is the name of the class atom.
+int WINAPI GetClassNameA(HWND hWnd, LPSTR lpClassName, int nMaxCount)
+{
+    vorlan::Window *pWnd = vorlan::getWindow(hWnd);
+    if (lpClassName == nullptr || nMaxCount <= 0) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    if (pWnd == nullptr) {
+        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+        return 0;
+    }
+    char name[256];
+    const UINT length = GetAtomNameA(pWnd->pClass->atom, name, sizeof name);
+    if (length == 0)
+        return 0;
+    lstrcpynA(lpClassName, name, nMaxCount);
+    return lstrlenA(lpClassName);
+}
+
+// ---- Window lifecycle and activation -------------------------------------------
+//
+// Before the lifecycle layer an owner is only recorded; no X transient
+// hint is set.
+
+BOOL WINAPI IsWindow(HWND hWnd)
+{
+    if (vorlan::getWindow(hWnd) != nullptr)
+        return TRUE;
+    SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    return FALSE;
+}
+
+HWND WINAPI GetAncestor(HWND hwnd, UINT gaFlags)
+{
+    vorlan::Window *pWnd = vorlan::getWindow(hwnd);
+    if (pWnd == nullptr) {
+        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+        return nullptr;
+    }
+    if (gaFlags == GA_PARENT)
+        return vorlan::HandleOf(pWnd->pWndParent);
+    if (gaFlags != GA_ROOT && gaFlags != GA_ROOTOWNER) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    if (pWnd->pWndParent == nullptr)
+        return nullptr;
+    while (pWnd->pWndParent != nullptr && pWnd->pWndParent->hWnd != g_hWndDesktop)
+        pWnd = pWnd->pWndParent;
+    return pWnd->hWnd;
+}
+
+HWND SetOwner(HWND hWnd, HWND hWndOwner)
+{
+    vorlan::Window *pWnd = vorlan::getWindow(hWnd);
+    if (pWnd == nullptr) {
+        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+        return nullptr;
+    }
+    vorlan::Window *owner = vorlan::getWindow(hWndOwner);
+    if (hWndOwner != nullptr && owner == nullptr)
+        return nullptr;
+    HWND old = vorlan::HandleOf(pWnd->pWndOwner);
+    pWnd->pWndOwner = owner;
+    return old;
+}
+
+void SetForegroundThreadId(DWORD) {}
+
+BOOL WINAPI SetWindowPos(HWND, HWND, int, int, int, int, UINT) { return FALSE; }
+
+LRESULT WINAPI SendMessageW(HWND, UINT, WPARAM, LPARAM) { return 0; }
+
+BOOL WINAPI SetForegroundWindow(HWND) { return FALSE; }
+
+// ---- Frame and menus -------------------------------------------------------------
+//
+// No dialog has been run through DialogBoxParamA yet, so dialogs are never
+// decorated.  There are no menus.
+
+BOOL IsWindowDecorated(HWND hWnd)
+{
+    constexpr ATOM kDialogClassAtom = 32770;
+    vorlan::Window *pWnd = vorlan::getWindow(hWnd);
+    if (pWnd == nullptr)
+        return FALSE;
+    if ((pWnd->dwStyle & WS_CHILD) != 0 && pWnd->pWndParent != nullptr)
+        return FALSE;
+    if ((pWnd->dwStyle & WS_CAPTION) != WS_CAPTION)
+        return FALSE;
+    return pWnd->pClass->atom != kDialogClassAtom;
+}
+
+BOOL WINAPI IsMenu(HMENU) { return FALSE; }
+
+void Menu_Release(HMENU, BOOL) {}
+
+void Menu_AddRef(HMENU) {}
+
+void MenuBar_UpdateLayout(HWND) {}
+
+// ---- Device contexts ---------------------------------------------------------------
+
+BOOL GdiSetDeleteDCProc(HDC, DeleteDCProc, HWND) { return FALSE; }
+
+BOOL WINAPI DeleteDC(HDC) { return FALSE; }
+
+BOOL WINAPI DeleteObject(HGDIOBJ) { return FALSE; }
+
+void _SetDCSubWindowMode(HDC, BOOL) {}
+
+// ---- Foreign windows -----------------------------------------------------------------
+
+BOOL IsHSRWindow(Display *, XID) { return FALSE; }
+
+void ActivateForeignWindow(Display *, XID) {}
+
+HWND CreateForeignWindow(XID, DWORD) { return nullptr; }

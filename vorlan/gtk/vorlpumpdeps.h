@@ -52,6 +52,85 @@ BOOL WINAPI IsWindowEnabled(HWND hWnd);
 BOOL WINAPI PostMessageW(HWND hWnd, UINT Msg, WPARAM wParam, LPARAM lParam);
 VORLAN_END_DECLS
 
+// ---- Window classes and procedures -----------------------------------------
+
+struct WindowClass;
+
+// Registers the built-in classes; the class of atom 32769 is the desktop's.
+void WindowClass_RegisterBuiltins();
+// The class of an atom, or null.
+WindowClass *WindowClass_FindClass(ATOM atom);
+
+// The side of the procedure pair of `id` that `wide` asks for, or the id
+// itself when that side is missing.
+LONG_PTR GetWndProc(UINT id, BOOL wide);
+// The value is a procedure id rather than an address.
+BOOL IsWndProcId(LONG_PTR value);
+// The id of the entry for the pair (either may be null), made on demand;
+// 0 when the table is full.
+UINT AllocWndProcId(WNDPROC pWndProcA, WNDPROC pWndProcW);
+
+// ---- Window lifecycle and activation ----------------------------------------
+
+// Makes hWndOwner the owner of a top-level window and returns the old
+// owner's handle.
+HWND SetOwner(HWND hWnd, HWND hWndOwner);
+// Records the thread that has the foreground (0: none in this process).
+void SetForegroundThreadId(DWORD tid);
+
+VORLAN_BEGIN_DECLS
+BOOL WINAPI IsWindow(HWND hWnd);
+HWND WINAPI GetAncestor(HWND hwnd, UINT gaFlags);
+BOOL WINAPI SetWindowPos(HWND hWnd, HWND hWndInsertAfter, int X, int Y, int cx, int cy, UINT uFlags);
+LRESULT WINAPI SendMessageW(HWND hWnd, UINT Msg, WPARAM wParam, LPARAM lParam);
+BOOL WINAPI SetForegroundWindow(HWND hWnd);
+int WINAPI GetClassNameA(HWND hWnd, LPSTR lpClassName, int nMaxCount);
+VORLAN_END_DECLS
+
+// ---- Frame and menus ----------------------------------------------------------
+
+// The window manager draws the window's frame: the X window is only the
+// client part.
+BOOL IsWindowDecorated(HWND hWnd);
+// Drops one reference of a menu; with `destroy` a menu at 0 is deleted.
+void Menu_Release(HMENU hMenu, BOOL destroy);
+// Adds one reference to a menu.
+void Menu_AddRef(HMENU hMenu);
+// Lays out the menu bar of the window again.
+void MenuBar_UpdateLayout(HWND hWnd);
+
+VORLAN_BEGIN_DECLS
+BOOL WINAPI IsMenu(HMENU hMenu);
+VORLAN_END_DECLS
+
+// ---- Device contexts ------------------------------------------------------------
+
+// Asked by DeleteDC whether a window's DC may really go.
+typedef BOOL (*DeleteDCProc)(HDC hdc, HWND hWnd);
+
+VORLAN_BEGIN_DECLS
+// Stores the callback that DeleteDC asks, with its window.
+BOOL GdiSetDeleteDCProc(HDC hdc, DeleteDCProc proc, HWND hWnd);
+BOOL WINAPI DeleteDC(HDC hdc);
+BOOL WINAPI DeleteObject(HGDIOBJ ho);
+VORLAN_END_DECLS
+
+// Non-zero: drawing on the DC leaves child windows out; 0: it covers them.
+void _SetDCSubWindowMode(HDC hdc, BOOL mode);
+
+// ---- Foreign windows ------------------------------------------------------------
+
+// The X window is the host shell's main window or its focus proxy.
+BOOL IsHSRWindow(Display *display, XID xid);
+// Offers the focus to another client's window through WM_TAKE_FOCUS.
+void ActivateForeignWindow(Display *display, XID xid);
+
+VORLAN_BEGIN_DECLS
+// The window object of a window of another client; xid 0 stands for the
+// host shell's main window.
+HWND CreateForeignWindow(XID xid, DWORD style);
+VORLAN_END_DECLS
+
 // ---- Painting ---------------------------------------------------------------
 
 // An exposed rectangle of a window's X window becomes an invalidation.
@@ -72,5 +151,44 @@ void HandleGdkWindowStateEvent(HWND hWnd, GdkEventWindowState *event);
 GdkFilterReturn vorl_drag_x_filter(GdkXEvent *xevent, GdkEvent *event, gpointer data);
 // GDK event filter of drag and drop; non-zero means consumed.
 int vorl_drag_event_filter(GdkEvent *event, gpointer data);
+
+// ---- Message queues -----------------------------------------------------------
+
+struct _InputMSG;
+
+// The window questions of the message queues, as narrow seams.  Until the
+// window layer answers them they know only the test windows of
+// vorltestwindows.h.
+namespace vorlan {
+// The thread that owns the window (GetWindowThreadProcessId), 0 for a bad handle.
+DWORD WindowThreadId(HWND hWnd);
+// The handle names a live window (IsWindow).
+bool WindowExists(HWND hWnd);
+// `hWnd` lies below `parent` (IsChild).
+bool WindowIsDescendant(HWND parent, HWND hWnd);
+// Clears WF_NCPAINTPENDING of the window and tells whether it was set.
+bool TakeNcPaintPending(HWND hWnd);
+// The window has an hUpdateRegion; false for a dead window.
+bool HasUpdateRegion(HWND hWnd);
+} // namespace vorlan
+
+// The core of SendMessageW and SendMessageA: a window of the calling thread
+// gets its procedure called, a window of another thread gets the message
+// through the queues.  The caller holds the toolkit lock.
+LRESULT SendMessageAW(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam, BOOL wide);
+// Run on a copy of a queued input record: find the target window and the
+// final message.  FALSE drops the record.
+BOOL ProcessKeyMessage(_InputMSG *record);
+BOOL ProcessMouseMessage(_InputMSG *record);
+// Runs the hook chain for a message taken from a queue; non-zero swallows it.
+BOOL DispatchHook(MSG *msg, BOOL remove, BOOL wide);
+// Destroys every window of a thread that ends.
+void DestroyThreadWindows(DWORD tid);
+// The stand-in windows of vorltestwindows.h end with their thread too.
+void DestroyStandInWindowsOfThread(DWORD tid);
+
+VORLAN_BEGIN_DECLS
+BOOL WINAPI GetCursorPos(LPPOINT lpPoint);
+VORLAN_END_DECLS
 
 #endif // VORLAN_GTK_VORLPUMPDEPS_H

@@ -1,0 +1,436 @@
+// Message retrieval of one thread: the order of the sources, removal, the
+// message and window filters with their 16-bit cuts, WM_QUIT, the paint and
+// timer queues.
+
+#include <gtest/gtest.h>
+
+#include "gtk/vorlgtklock.h"
+#include "gtk/vorlpostmessage.h"
+#include "gtk/vorltestwindows.h"
+#include "gtk/vorlthread.h"
+#include "support/gtk_helpers.h"
+#include "support/queue_helpers.h"
+
+#include <gdk/gdkx.h>
+#include <imm.h>
+
+#include <atomic>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+using namespace vorlan_test;
+using vorlan::testing::CreateTestWindow;
+using vorlan::testing::DestroyTestWindow;
+using vorlan::testing::SetTestWindowNcPaintPending;
+using vorlan::testing::SetTestWindowUpdateRegion;
+
+namespace {
+
+struct Call {
+    HWND hwnd;
+    UINT message;
+    WPARAM wParam;
+};
+
+std::mutex g_callsMutex;
+std::vector<Call> g_calls;
+
+LRESULT CALLBACK RecordingProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM)
+{
+    std::lock_guard<std::mutex> guard(g_callsMutex);
+    g_calls.push_back({hWnd, message, wParam});
+    return 0;
+}
+
+std::vector<Call> Calls()
+{
+    std::lock_guard<std::mutex> guard(g_callsMutex);
+    return g_calls;
+}
+
+class MessageQueue : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ResetCurrentThreadQueues();
+        std::lock_guard<std::mutex> guard(g_callsMutex);
+        g_calls.clear();
+    }
+    void TearDown() override
+    {
+        ResetCurrentThreadQueues();
+        for (HWND window : m_windows)
+            DestroyTestWindow(window);
+    }
+
+    HWND Window(HWND parent = nullptr)
+    {
+        m_windows.push_back(CreateTestWindow(RecordingProc, parent));
+        return m_windows.back();
+    }
+    ThreadData *Data() { return ThreadData::GetCurrentThreadData(); }
+
+    void QueueKeyDown(WPARAM key)
+    {
+        _InputMSG record = {};
+        record.message = WM_KEYDOWN;
+        record.wParam = key;
+        vorlan::GtkCriticalSection lock;
+        Data()->QueueInputMessage(&record);
+    }
+    void QueueTimer(HWND hWnd, WPARAM id)
+    {
+        vorlan::GtkCriticalSection lock;
+        Data()->QueueTimerMessage(hWnd, WM_TIMER, id, 0);
+    }
+    void QueuePaint(HWND hWnd)
+    {
+        vorlan::GtkCriticalSection lock;
+        Data()->QueuePaintMessage(hWnd);
+    }
+    void RequestQuit(int code)
+    {
+        Data()->nQuitCode = code;
+        Data()->qsFlags.fetch_or(QS_FLAG_QUIT);
+    }
+
+private:
+    std::vector<HWND> m_windows;
+};
+
+// A worker whose send to `target` is in the global queue once the
+// constructor returns; the destructor waits for the reply.
+class PendingSend {
+public:
+    PendingSend(HWND target, UINT message)
+    {
+        m_thread = std::thread([this, target, message] {
+            vorlan::GtkCriticalSection lock;
+            m_sending = true;
+            MSG msg = {target, message, 0, 0, 0, {0, 0}};
+            PostMessageCore(&msg, TRUE, TRUE, POST_TO_WINDOW_THREAD);
+            m_replied = true;
+        });
+        SpinUntil([this] { return m_sending.load(); });
+        // The record leaves before the sender drops the toolkit lock.
+        vorlan::GtkCriticalSection lock;
+    }
+    ~PendingSend() { m_thread.join(); }
+    bool replied() const { return m_replied; }
+
+private:
+    std::atomic<bool> m_sending{false};
+    std::atomic<bool> m_replied{false};
+    std::thread m_thread;
+};
+
+TEST_F(MessageQueue, SourcesAreTakenInTheirOrder)
+{
+    HWND window = Window();
+    Data()->hWndFocus = window;
+    QueueTimer(window, 1);
+    QueuePaint(window);
+    SetTestWindowUpdateRegion(window, true);
+    QueueKeyDown('A');
+    RequestQuit(7);
+    ASSERT_EQ(LockedPost(window, WM_USER), 1);
+    PendingSend send(window, WM_USER + 1);
+
+    MSG msg;
+    std::vector<UINT> taken;
+    ASSERT_TRUE(LockedPeek(&msg));
+    // The sent message ran before anything was returned.
+    ASSERT_EQ(Calls().size(), 1u);
+    EXPECT_EQ(Calls()[0].message, static_cast<UINT>(WM_USER + 1));
+    taken.push_back(msg.message);
+    while (LockedPeek(&msg)) {
+        taken.push_back(msg.message);
+        if (msg.message == WM_PAINT)
+            SetTestWindowUpdateRegion(window, false);
+    }
+    const std::vector<UINT> expected = {WM_USER, WM_QUIT, WM_KEYDOWN, WM_PAINT, WM_TIMER};
+    EXPECT_EQ(taken, expected);
+    EXPECT_TRUE(SpinUntil([&] { return send.replied(); }));
+}
+
+TEST_F(MessageQueue, PostedImeResultAlsoReachesTheWindowAsPrivateMessage)
+{
+    HWND window = Window();
+    ASSERT_EQ(LockedPost(window, WM_IME_COMPOSITION, 0x41, GCS_RESULTSTR), 1);
+    ASSERT_EQ(LockedPost(window, WM_IME_COMPOSITION, 0x42, GCS_COMPSTR), 1);
+    MSG msg;
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_IME_COMPOSITION));
+    ASSERT_EQ(Calls().size(), 1u);
+    EXPECT_EQ(Calls()[0].message, 1014u);
+    EXPECT_EQ(Calls()[0].wParam, 0x41u);
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(Calls().size(), 1u);
+}
+
+TEST_F(MessageQueue, NoRemoveLeavesThePostedMessage)
+{
+    ASSERT_EQ(LockedPost(nullptr, WM_USER, 5, 6), 1);
+    MSG first, second, removed;
+    ASSERT_TRUE(LockedPeek(&first, nullptr, 0, 0, PM_NOREMOVE));
+    ASSERT_TRUE(LockedPeek(&second, nullptr, 0, 0, PM_NOREMOVE));
+    ASSERT_TRUE(LockedPeek(&removed, nullptr, 0, 0, PM_REMOVE));
+    EXPECT_EQ(first.message, static_cast<UINT>(WM_USER));
+    EXPECT_EQ(first.wParam, 5u);
+    EXPECT_EQ(first.lParam, 6);
+    EXPECT_EQ(second.message, first.message);
+    EXPECT_EQ(removed.message, first.message);
+    EXPECT_FALSE(LockedPeek(&removed));
+}
+
+TEST_F(MessageQueue, PostedMessagesKeepTheirOrder)
+{
+    for (UINT i = 0; i < 5; ++i)
+        ASSERT_EQ(LockedPost(nullptr, WM_USER + i), 1);
+    MSG msg;
+    for (UINT i = 0; i < 5; ++i) {
+        ASSERT_TRUE(LockedPeek(&msg));
+        EXPECT_EQ(msg.message, WM_USER + i);
+    }
+}
+
+TEST_F(MessageQueue, FilterBoundsAreCutTo16Bits)
+{
+    ASSERT_EQ(LockedPost(nullptr, WM_USER), 1);
+    MSG msg;
+    ASSERT_TRUE(LockedPeek(&msg, nullptr, 0x10000 + WM_USER, 0x20000 + WM_USER));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER));
+}
+
+TEST_F(MessageQueue, MessageFilterSkipsWithoutReordering)
+{
+    ASSERT_EQ(LockedPost(nullptr, WM_USER + 1), 1);
+    ASSERT_EQ(LockedPost(nullptr, WM_USER + 2), 1);
+    MSG msg;
+    ASSERT_TRUE(LockedPeek(&msg, nullptr, WM_USER + 2, WM_USER + 2));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 2));
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 1));
+}
+
+TEST_F(MessageQueue, BoundsInTheWrongOrderStillRunSentMessagesAndQuit)
+{
+    HWND window = Window();
+    QueueTimer(window, 1);
+    ASSERT_EQ(LockedPost(nullptr, 0x450), 1);
+    MSG msg;
+    {
+        PendingSend send(window, WM_USER + 3);
+        // 0x10400 is cut to 0x400, below the lower bound.
+        EXPECT_FALSE(LockedPeek(&msg, nullptr, 0x500, 0x10400));
+        ASSERT_EQ(Calls().size(), 1u);
+        EXPECT_EQ(Calls()[0].message, static_cast<UINT>(WM_USER + 3));
+    }
+    RequestQuit(3);
+    ASSERT_TRUE(LockedPeek(&msg, nullptr, 0x500, 0x10400));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_QUIT));
+    EXPECT_EQ(msg.wParam, 3u);
+}
+
+TEST_F(MessageQueue, BoundsInTheWrongOrderDoNotPumpGdk)
+{
+    PlainGdkWindow window(0, 0, 10, 10);
+    PumpPending();
+    SendExpose(window.xid(), 0, 0, 5, 5);
+    vorlan::GtkCriticalSection lock;
+    ASSERT_TRUE(gdk_events_pending());
+    MSG msg;
+    EXPECT_FALSE(ThreadData::GetCurrentThreadData()->peekMessage(&msg, nullptr, 0x500, 0x400, PM_REMOVE, TRUE));
+    EXPECT_TRUE(gdk_events_pending());
+    EXPECT_FALSE(ThreadData::GetCurrentThreadData()->peekMessage(&msg, nullptr, 0, 0, PM_REMOVE, TRUE));
+    EXPECT_FALSE(gdk_events_pending());
+}
+
+TEST_F(MessageQueue, QuitPassesEveryFilterAndIsTakenOnce)
+{
+    HWND window = Window();
+    RequestQuit(42);
+    MSG msg;
+    ASSERT_TRUE(LockedPeek(&msg, window, WM_USER, WM_USER, PM_NOREMOVE));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_QUIT));
+    EXPECT_EQ(msg.hwnd, window);
+    EXPECT_EQ(msg.wParam, 42u);
+    EXPECT_EQ(msg.lParam, 0);
+    ASSERT_TRUE(LockedPeek(&msg, reinterpret_cast<HWND>(-1), WM_USER, WM_USER, PM_REMOVE));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_QUIT));
+    EXPECT_EQ(msg.hwnd, nullptr);
+    EXPECT_FALSE(LockedPeek(&msg));
+    EXPECT_EQ(Data()->nQuitCode, 0);
+}
+
+TEST_F(MessageQueue, WindowFilterTakesDescendantsAndThreadMessagesApart)
+{
+    HWND parent = Window();
+    HWND child = Window(parent);
+    HWND other = Window();
+    ASSERT_EQ(LockedPost(other, WM_USER + 1), 1);
+    ASSERT_EQ(LockedPost(nullptr, WM_USER + 2), 1);
+    ASSERT_EQ(LockedPost(child, WM_USER + 3), 1);
+    MSG msg;
+    ASSERT_TRUE(LockedPeek(&msg, parent));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 3));
+    ASSERT_TRUE(LockedPeek(&msg, reinterpret_cast<HWND>(-1)));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 2));
+    EXPECT_FALSE(LockedPeek(&msg, parent));
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 1));
+}
+
+TEST(MessageFilters, BoundsAndKeyMessages)
+{
+    EXPECT_TRUE(MessageFilter(12345, 0, 0));
+    EXPECT_TRUE(MessageFilter(5, 5, 5));
+    EXPECT_FALSE(MessageFilter(4, 5, 6));
+    EXPECT_FALSE(MessageFilter(5, 6, 4));
+    EXPECT_TRUE(IsKeyMessage(WM_KEYDOWN));
+    EXPECT_TRUE(IsKeyMessage(264));
+    EXPECT_FALSE(IsKeyMessage(265));
+    EXPECT_FALSE(IsKeyMessage(255));
+    EXPECT_TRUE(WindowFilter(reinterpret_cast<HWND>(0x10), nullptr));
+    EXPECT_TRUE(WindowFilter(nullptr, reinterpret_cast<HWND>(-2)));
+    EXPECT_FALSE(WindowFilter(reinterpret_cast<HWND>(0x10), reinterpret_cast<HWND>(-2)));
+}
+
+TEST_F(MessageQueue, PaintStaysUntilTheRegionIsValidated)
+{
+    HWND window = Window();
+    QueuePaint(window);
+    SetTestWindowUpdateRegion(window, true);
+    MSG msg;
+    ASSERT_TRUE(LockedPeek(&msg, nullptr, 0, 0, PM_NOREMOVE));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_PAINT));
+    ASSERT_TRUE(LockedPeek(&msg, nullptr, 0, 0, PM_REMOVE));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_PAINT));
+    EXPECT_EQ(msg.hwnd, window);
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_PAINT));
+    SetTestWindowUpdateRegion(window, false);
+    EXPECT_FALSE(LockedPeek(&msg));
+    EXPECT_TRUE(Data()->qPaintWnds.empty());
+}
+
+TEST_F(MessageQueue, ParentsArePaintedBeforeChildren)
+{
+    HWND parent = Window();
+    HWND child = Window(parent);
+    HWND grandchild = Window(child);
+    QueuePaint(grandchild);
+    QueuePaint(child);
+    QueuePaint(parent);
+    QueuePaint(child);
+    const std::deque<HWND> expectedQueue = {parent, child, grandchild};
+    EXPECT_EQ(Data()->qPaintWnds, expectedQueue);
+
+    for (HWND window : expectedQueue)
+        SetTestWindowUpdateRegion(window, true);
+    for (HWND window : expectedQueue) {
+        MSG msg;
+        ASSERT_TRUE(LockedPeek(&msg));
+        EXPECT_EQ(msg.hwnd, window);
+        SetTestWindowUpdateRegion(window, false);
+    }
+}
+
+TEST_F(MessageQueue, PaintFilterOnAWindowSkipsOthers)
+{
+    HWND first = Window();
+    HWND second = Window();
+    QueuePaint(first);
+    QueuePaint(second);
+    SetTestWindowUpdateRegion(first, true);
+    SetTestWindowUpdateRegion(second, true);
+    MSG msg;
+    ASSERT_TRUE(LockedPeek(&msg, second));
+    EXPECT_EQ(msg.hwnd, second);
+    EXPECT_FALSE(LockedPeek(&msg, second, WM_PAINT + 1, WM_PAINT + 1));
+}
+
+TEST_F(MessageQueue, PendingNonClientPaintIsSentFirst)
+{
+    HWND window = Window();
+    QueuePaint(window);
+    SetTestWindowNcPaintPending(window, true);
+    MSG msg;
+    // Without an update region the entry goes after the non-client paint.
+    EXPECT_FALSE(LockedPeek(&msg));
+    ASSERT_EQ(Calls().size(), 1u);
+    EXPECT_EQ(Calls()[0].message, static_cast<UINT>(WM_NCPAINT));
+    EXPECT_EQ(Calls()[0].wParam, 1u);
+    EXPECT_TRUE(Data()->qPaintWnds.empty());
+}
+
+TEST_F(MessageQueue, DeadWindowsLeaveThePaintAndTimerQueues)
+{
+    HWND live = Window();
+    HWND dead = CreateTestWindow(RecordingProc);
+    QueuePaint(dead);
+    QueueTimer(dead, 1);
+    QueueTimer(live, 2);
+    QueueTimer(nullptr, 3);
+    DestroyTestWindow(dead);
+    MSG msg;
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_TIMER));
+    EXPECT_EQ(msg.wParam, 2u);
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.wParam, 3u);
+    EXPECT_EQ(msg.hwnd, nullptr);
+    EXPECT_FALSE(LockedPeek(&msg));
+    EXPECT_TRUE(Data()->qPaintWnds.empty());
+}
+
+TEST_F(MessageQueue, TimersFollowTheFiltersAndRemoval)
+{
+    HWND first = Window();
+    HWND second = Window();
+    QueueTimer(first, 1);
+    QueueTimer(second, 2);
+    MSG msg;
+    EXPECT_FALSE(LockedPeek(&msg, nullptr, WM_TIMER + 1, WM_TIMER + 5));
+    ASSERT_TRUE(LockedPeek(&msg, second, 0, 0, PM_NOREMOVE));
+    EXPECT_EQ(msg.wParam, 2u);
+    ASSERT_TRUE(LockedPeek(&msg, nullptr, WM_TIMER, WM_TIMER));
+    EXPECT_EQ(msg.wParam, 1u);
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.wParam, 2u);
+    EXPECT_FALSE(LockedPeek(&msg));
+}
+
+TEST_F(MessageQueue, WorkerPeekDoesNotBlockWhileGdkEventsArePending)
+{
+    PlainGdkWindow window(0, 0, 10, 10);
+    PumpPending();
+    SendExpose(window.xid(), 0, 0, 5, 5);
+    {
+        vorlan::GtkCriticalSection lock;
+        ASSERT_TRUE(gdk_events_pending());
+    }
+    std::atomic<bool> returned{false};
+    std::atomic<ThreadData *> workerData{nullptr};
+    std::thread worker([&] {
+        workerData = ThreadData::GetCurrentThreadData();
+        MSG msg;
+        LockedPeek(&msg);
+        LockedPeek(&msg, nullptr, 0, 0, PM_NOREMOVE);
+        returned = true;
+    });
+    const bool inTime = SpinUntil([&] { return returned.load(); }, 3000);
+    // A worker stuck in the pump is let go before the test fails.
+    while (!returned.load()) {
+        PumpPending();
+        if (workerData.load())
+            workerData.load()->notify();
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    worker.join();
+    EXPECT_TRUE(inTime);
+    PumpPending();
+}
+
+} // namespace

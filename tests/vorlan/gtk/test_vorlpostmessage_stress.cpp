@@ -1,0 +1,194 @@
+// Many threads posting and sending to each other and to the main thread at
+// once: every reply right, every post delivered in order, no deadlock, and a
+// bounded run time.  A watchdog ends the process with a report instead of
+// letting a deadlock hang the suite.
+
+#include <gtest/gtest.h>
+
+#include "gtk/vorlgtklock.h"
+#include "gtk/vorltestwindows.h"
+#include "gtk/vorlthread.h"
+#include "support/queue_helpers.h"
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdio>
+#include <cstdlib>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+using namespace vorlan_test;
+
+namespace {
+
+constexpr int kWorkers = 4;
+constexpr int kParticipants = kWorkers + 1; // the main thread is participant 0
+constexpr int kMessagesPerWorker = 20000;
+constexpr UINT WM_STRESS_SEND = WM_USER + 100;
+constexpr UINT WM_STRESS_POST = WM_USER + 101;
+constexpr auto kTimeLimit = std::chrono::seconds(90);
+
+// The reply depends on both parameters, so that a reply given to the wrong
+// sender shows.
+LRESULT Expected(WPARAM wParam, LPARAM lParam)
+{
+    return static_cast<LRESULT>(wParam * 7 + static_cast<WPARAM>(lParam) * 13 + 1);
+}
+
+LRESULT CALLBACK StressProc(HWND, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return message == WM_STRESS_SEND ? Expected(wParam, lParam) : 0;
+}
+
+struct Participant {
+    std::atomic<HWND> window{nullptr};
+    std::atomic<long> postsReceived{0};
+    std::atomic<long> postsExpected{0};
+    std::atomic<long> outOfOrder{0};
+    std::vector<long> lastSequenceFrom = std::vector<long>(kParticipants, -1);
+};
+
+struct Stress {
+    Participant participants[kParticipants];
+    std::atomic<long> wrongReplies{0};
+    std::atomic<long> rightReplies{0};
+    std::atomic<long> failedCalls{0};
+    std::atomic<int> sendersDone{0};
+    std::atomic<long> progress{0};
+
+    bool everyoneSent() const { return sendersDone.load() == kWorkers; }
+    bool allPostsArrived(int self) const
+    {
+        return participants[self].postsReceived.load() >= participants[self].postsExpected.load();
+    }
+};
+
+// A posted message carries the sender in lParam and its sequence number to
+// that target in wParam; each sender's posts must arrive in order.
+void NotePost(Stress &stress, int self, const MSG &msg)
+{
+    if (msg.message != WM_STRESS_POST)
+        return;
+    Participant &me = stress.participants[self];
+    const int from = static_cast<int>(msg.lParam);
+    const long sequence = static_cast<long>(msg.wParam);
+    if (sequence != me.lastSequenceFrom[from] + 1)
+        ++me.outOfOrder;
+    me.lastSequenceFrom[from] = sequence;
+    ++me.postsReceived;
+}
+
+// Worker `self` alternates sends and posts over every other participant,
+// then serves until everyone is done.
+void RunWorker(Stress &stress, int self)
+{
+    ThreadData::GetCurrentThreadData();
+    stress.participants[self].window = vorlan::testing::CreateTestWindow(StressProc);
+    for (int p = 0; p < kParticipants; ++p)
+        SpinUntil([&] { return stress.participants[p].window.load() != nullptr; });
+
+    std::vector<long> postSequence(kParticipants, 0);
+    for (int i = 0; i < kMessagesPerWorker; ++i) {
+        const int target = (self + 1 + i % (kParticipants - 1)) % kParticipants;
+        const HWND window = stress.participants[target].window;
+        if (i % 2 == 0) {
+            const WPARAM wParam = static_cast<WPARAM>(i);
+            const LRESULT reply = LockedSend(window, WM_STRESS_SEND, wParam, self);
+            if (reply == Expected(wParam, self))
+                ++stress.rightReplies;
+            else
+                ++stress.wrongReplies;
+        } else {
+            if (LockedPost(window, WM_STRESS_POST, postSequence[target]++, self) != 1)
+                ++stress.failedCalls;
+        }
+        ++stress.progress;
+        // Serve what arrived meanwhile now and then, as a real loop would.
+        if (i % 64 == 0) {
+            MSG msg;
+            while (LockedPeek(&msg))
+                NotePost(stress, self, msg);
+        }
+    }
+    ++stress.sendersDone;
+    ServeMessagesUntil([&] { return stress.everyoneSent() && stress.allPostsArrived(self); },
+                       [&](const MSG &msg) { NotePost(stress, self, msg); }, 120000);
+}
+
+// Ends the process with a report when the run takes too long.
+class Watchdog {
+public:
+    explicit Watchdog(const Stress &stress) : m_stress(stress), m_thread([this] { Watch(); }) {}
+    ~Watchdog()
+    {
+        {
+            std::lock_guard<std::mutex> guard(m_mutex);
+            m_done = true;
+        }
+        m_wake.notify_one();
+        m_thread.join();
+    }
+
+private:
+    void Watch()
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        if (m_wake.wait_for(lock, kTimeLimit, [this] { return m_done; }))
+            return;
+        std::fprintf(stderr, "message stress test: no completion within the time limit (deadlock?); "
+                             "%ld of %d calls made, %d senders done\n",
+                     m_stress.progress.load(), kWorkers * kMessagesPerWorker, m_stress.sendersDone.load());
+        std::fflush(stderr);
+        std::abort();
+    }
+
+    const Stress &m_stress;
+    std::mutex m_mutex;
+    std::condition_variable m_wake;
+    bool m_done = false;
+    std::thread m_thread;
+};
+
+TEST(MessageStress, ThreadsSendAndPostToEachOtherAndToTheMainThread)
+{
+    ResetCurrentThreadQueues();
+    Stress stress;
+    // Each worker posts to a target on every other odd step.
+    for (int worker = 1; worker < kParticipants; ++worker) {
+        for (int i = 1; i < kMessagesPerWorker; i += 2) {
+            const int target = (worker + 1 + i % (kParticipants - 1)) % kParticipants;
+            ++stress.participants[target].postsExpected;
+        }
+    }
+    stress.participants[0].window = vorlan::testing::CreateTestWindow(StressProc);
+
+    const auto start = std::chrono::steady_clock::now();
+    {
+        Watchdog watchdog(stress);
+        std::vector<std::thread> workers;
+        for (int worker = 1; worker < kParticipants; ++worker)
+            workers.emplace_back(RunWorker, std::ref(stress), worker);
+        ServeMessagesUntil([&] { return stress.everyoneSent() && stress.allPostsArrived(0); },
+                           [&](const MSG &msg) { NotePost(stress, 0, msg); }, 120000);
+        for (std::thread &worker : workers)
+            worker.join();
+    }
+    const auto elapsed = std::chrono::steady_clock::now() - start;
+
+    EXPECT_EQ(stress.wrongReplies.load(), 0);
+    EXPECT_EQ(stress.rightReplies.load(), static_cast<long>(kWorkers) * kMessagesPerWorker / 2);
+    EXPECT_EQ(stress.failedCalls.load(), 0);
+    for (int p = 0; p < kParticipants; ++p) {
+        EXPECT_EQ(stress.participants[p].postsReceived.load(), stress.participants[p].postsExpected.load())
+            << "participant " << p;
+        EXPECT_EQ(stress.participants[p].outOfOrder.load(), 0) << "participant " << p;
+    }
+    EXPECT_LT(elapsed, kTimeLimit);
+    std::printf("stress: %d threads x %d messages in %.2f s\n", kWorkers, kMessagesPerWorker,
+                std::chrono::duration<double>(elapsed).count());
+    vorlan::testing::DestroyTestWindow(stress.participants[0].window);
+}
+
+} // namespace

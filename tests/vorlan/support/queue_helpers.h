@@ -1,0 +1,55 @@
+// Helpers for driving the message queues the way the message calls do:
+// with the toolkit lock held, on real threads that wait in their own main
+// contexts.
+#ifndef VORLAN_TESTS_SUPPORT_QUEUE_HELPERS_H
+#define VORLAN_TESTS_SUPPORT_QUEUE_HELPERS_H
+
+#include <windows.h>
+
+#include "gtk/vorlthread.h"
+
+#include <chrono>
+#include <functional>
+
+namespace vorlan_test {
+
+// ThreadData::peekMessage of the calling thread under the toolkit lock.
+BOOL LockedPeek(MSG *msg, HWND hWnd = nullptr, UINT min = 0, UINT max = 0, UINT flags = PM_REMOVE);
+
+// PostMessageCore under the toolkit lock: a post (tid -1: the window's
+// thread) or a cross-thread send.
+LRESULT LockedPost(HWND hWnd, UINT message, WPARAM wParam = 0, LPARAM lParam = 0,
+                   DWORD tid = static_cast<DWORD>(-1));
+LRESULT LockedSend(HWND hWnd, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+
+// A GLib timeout on a context for the lifetime of the object, so that a
+// thread waiting in that context wakes at least every `intervalMs` and can
+// look at its deadline.
+class ContextTicker {
+public:
+    ContextTicker(GMainContext *context, unsigned intervalMs);
+    ~ContextTicker();
+    ContextTicker(const ContextTicker &) = delete;
+    ContextTicker &operator=(const ContextTicker &) = delete;
+
+private:
+    GSource *m_source;
+};
+
+// A message loop on the calling thread until `done` holds or the timeout
+// passes: peeks with PM_REMOVE, hands every message to `onMessage`, and
+// waits when nothing is there.  Returns whether `done` became true.
+bool ServeMessagesUntil(const std::function<bool()> &done,
+                        const std::function<void(const MSG &)> &onMessage = nullptr,
+                        int timeoutMilliseconds = 10000);
+
+// Empties every queue of the calling thread and forgets its windows, quit
+// request and key state, so that a test starts from a clean thread.
+void ResetCurrentThreadQueues();
+
+// Spins (with short sleeps) until `done` holds or the timeout passes.
+bool SpinUntil(const std::function<bool()> &done, int timeoutMilliseconds = 10000);
+
+} // namespace vorlan_test
+
+#endif // VORLAN_TESTS_SUPPORT_QUEUE_HELPERS_H

@@ -1,0 +1,43 @@
+// Stand-ins for window objects, for exercising the message queues before
+// the window layer exists.
+//
+// A test window has an owning thread, an optional parent, a procedure, and
+// the two flags that the paint queue reads (an update region, a pending
+// non-client paint).  The window seams of vorlpumpdeps.h consult this
+// registry until the window layer answers them for real windows; then this
+// registry and the tests that use it move to real windows.
+//
+// Test window handles lie at 0x7E570000 and above, away from the handles of
+// the window table.
+#ifndef VORLAN_GTK_VORLTESTWINDOWS_H
+#define VORLAN_GTK_VORLTESTWINDOWS_H
+
+#include <windows.h>
+
+#include "vorlinternal.h"
+
+namespace vorlan {
+namespace testing {
+
+// A window owned by the calling thread.
+VORLAN_INTERNAL HWND CreateTestWindow(WNDPROC procedure, HWND parent = nullptr);
+VORLAN_INTERNAL void DestroyTestWindow(HWND hWnd);
+VORLAN_INTERNAL void DestroyTestWindowsOfThread(DWORD tid);
+
+VORLAN_INTERNAL bool IsTestWindow(HWND hWnd);
+// The owning thread, 0 for a handle that is no test window.
+VORLAN_INTERNAL DWORD TestWindowThread(HWND hWnd);
+// `hWnd` lies below `parent` (not the window itself).
+VORLAN_INTERNAL bool IsTestWindowDescendant(HWND parent, HWND hWnd);
+VORLAN_INTERNAL WNDPROC TestWindowProcedure(HWND hWnd);
+
+VORLAN_INTERNAL void SetTestWindowUpdateRegion(HWND hWnd, bool hasRegion);
+VORLAN_INTERNAL bool TestWindowHasUpdateRegion(HWND hWnd);
+VORLAN_INTERNAL void SetTestWindowNcPaintPending(HWND hWnd, bool pending);
+// Clears the pending non-client paint and tells whether it was set.
+VORLAN_INTERNAL bool TakeTestWindowNcPaintPending(HWND hWnd);
+
+} // namespace testing
+} // namespace vorlan
+
+#endif // VORLAN_GTK_VORLTESTWINDOWS_H
