@@ -1,7 +1,8 @@
 /*
  * vorlan demo.  For now a console program: it reads its string table,
- * converts the text into the encodings an application meets, and shows a
- * message hook at work.  Windows join it as the window layer grows.
+ * converts the text into the encodings an application meets, shows a
+ * message hook at work, and reports what the desktop looks like to a
+ * Win32 program.  Windows join it as the window layer grows.
  */
 #include <windows.h>
 
@@ -22,6 +23,19 @@ static LRESULT CALLBACK show_hook(int code, WPARAM wParam, LPARAM lParam)
     const MSG *msg = (const MSG *)lParam;
     printf("  hook saw message 0x%04x (code %d)\n", msg->message, code);
     return CallNextHookEx(NULL, code, wParam, lParam);
+}
+
+static void print_desktop(void)
+{
+    RECT work;
+    COLORREF face = GetSysColor(COLOR_BTNFACE);
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    printf("screen %dx%d, work area (%d,%d)-(%d,%d), scroll bar width %d\n",
+           GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN),
+           (int)work.left, (int)work.top, (int)work.right, (int)work.bottom,
+           GetSystemMetrics(SM_CXVSCROLL));
+    printf("button face colour from the GTK theme: #%02x%02x%02x\n",
+           (unsigned)GetRValue(face), (unsigned)GetGValue(face), (unsigned)GetBValue(face));
 }
 
 int main(void)
@@ -53,5 +67,7 @@ int main(void)
     msg.message = WM_USER;
     CallWindowsHook(WH_GETMESSAGE, HC_ACTION, PM_REMOVE, (LPARAM)&msg, TRUE);
     UnhookWindowsHookEx(hook);
+
+    print_desktop();
     return 0;
 }
