@@ -55,18 +55,22 @@ GdkFilterReturn vorl_drag_x_filter(GdkXEvent *, GdkEvent *, gpointer) { return G
 int vorl_drag_event_filter(GdkEvent *, gpointer) { return 0; }
 
 // ---- Message queues -----------------------------------------------------------
+//
+// Handles that the window table does not know are asked of the stand-in
+// windows, and a send within the thread calls a stand-in's procedure.
+// Window objects have no procedure to call yet: a send to one answers 0.
 
 namespace vorlan {
 
-DWORD WindowThreadId(HWND hWnd) { return testing::TestWindowThread(hWnd); }
+DWORD StandInWindowThreadId(HWND hWnd) { return testing::TestWindowThread(hWnd); }
 
-bool WindowExists(HWND hWnd) { return testing::IsTestWindow(hWnd); }
+bool StandInWindowExists(HWND hWnd) { return testing::IsTestWindow(hWnd); }
 
-bool WindowIsDescendant(HWND parent, HWND hWnd) { return testing::IsTestWindowDescendant(parent, hWnd); }
+bool StandInWindowIsDescendant(HWND parent, HWND hWnd) { return testing::IsTestWindowDescendant(parent, hWnd); }
 
-bool TakeNcPaintPending(HWND hWnd) { return testing::TakeTestWindowNcPaintPending(hWnd); }
+bool TakeStandInNcPaintPending(HWND hWnd) { return testing::TakeTestWindowNcPaintPending(hWnd); }
 
-bool HasUpdateRegion(HWND hWnd) { return testing::TestWindowHasUpdateRegion(hWnd); }
+bool StandInHasUpdateRegion(HWND hWnd) { return testing::TestWindowHasUpdateRegion(hWnd); }
 
 } // namespace vorlan
 

@@ -12,6 +12,8 @@
 
 #include <windows.h>
 
+#include "vorlinternal.h"
+
 #include <X11/Xlib.h>
 #include <gdk/gdk.h>
 
@@ -156,20 +158,31 @@ int vorl_drag_event_filter(GdkEvent *event, gpointer data);
 
 struct _InputMSG;
 
-// The window questions of the message queues, as narrow seams.  Until the
-// window layer answers them they know only the test windows of
-// vorltestwindows.h.
+// The window questions of the message queues, as narrow seams
+// (vorlwindowqueries.cpp).  They answer from the window object of a handle
+// that the window table knows, and pass any other handle to the stand-in
+// answers below.  The caller holds the toolkit lock.
 namespace vorlan {
 // The thread that owns the window (GetWindowThreadProcessId), 0 for a bad handle.
-DWORD WindowThreadId(HWND hWnd);
+VORLAN_INTERNAL DWORD WindowThreadId(HWND hWnd);
 // The handle names a live window (IsWindow).
-bool WindowExists(HWND hWnd);
-// `hWnd` lies below `parent` (IsChild).
-bool WindowIsDescendant(HWND parent, HWND hWnd);
+VORLAN_INTERNAL bool WindowExists(HWND hWnd);
+// `hWnd` lies below `parent` along the parent links (IsChild); never the
+// window itself.
+VORLAN_INTERNAL bool WindowIsDescendant(HWND parent, HWND hWnd);
 // Clears WF_NCPAINTPENDING of the window and tells whether it was set.
-bool TakeNcPaintPending(HWND hWnd);
+VORLAN_INTERNAL bool TakeNcPaintPending(HWND hWnd);
 // The window has an hUpdateRegion; false for a dead window.
-bool HasUpdateRegion(HWND hWnd);
+VORLAN_INTERNAL bool HasUpdateRegion(HWND hWnd);
+
+// The same questions for handles that the window table does not know: the
+// stand-in windows of vorltestwindows.h, which carry a procedure, until
+// window procedures and SendMessageW arrive with the window classes.
+DWORD StandInWindowThreadId(HWND hWnd);
+bool StandInWindowExists(HWND hWnd);
+bool StandInWindowIsDescendant(HWND parent, HWND hWnd);
+bool TakeStandInNcPaintPending(HWND hWnd);
+bool StandInHasUpdateRegion(HWND hWnd);
 } // namespace vorlan
 
 // The core of SendMessageW and SendMessageA: a window of the calling thread

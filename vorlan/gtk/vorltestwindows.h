@@ -1,11 +1,13 @@
-// Stand-ins for window objects, for exercising the message queues before
-// the window layer exists.
+// Stand-ins for window objects, for exercising the message queues with
+// windows that have a procedure before window objects call theirs.
 //
 // A test window has an owning thread, an optional parent, a procedure, and
 // the two flags that the paint queue reads (an update region, a pending
-// non-client paint).  The window seams of vorlpumpdeps.h consult this
-// registry until the window layer answers them for real windows; then this
-// registry and the tests that use it move to real windows.
+// non-client paint).  The window seams of vorlpumpdeps.h answer for window
+// objects themselves and consult this registry only for handles that the
+// window table does not know.  Its use is a window with a procedure: once
+// window objects call their procedures, this registry and the tests that
+// use it move to window objects.
 //
 // Test window handles lie at 0x7E570000 and above, away from the handles of
 // the window table.

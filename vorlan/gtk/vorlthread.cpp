@@ -143,6 +143,8 @@ void ThreadData::thread_exit(void *pData)
     // The slot is already cleared while its destructor runs; put the data
     // back so that the window destruction below finds it.
     g_private_set(ThreadDataSlot(), data);
+    // The window table and the queues are guarded by the toolkit lock.
+    vorlan::GtkCriticalSection lock;
     DestroyThreadWindows(data->tid);
     RemoveThreadData(data->tid);
 }
