@@ -1,6 +1,6 @@
 // Minimal behaviour of the subsystems that the event pump, start-up and the
 // window objects call into but that are not there yet (declared in
-// vorlpumpdeps.h): window classes and procedures, lifecycle, activation,
+// vorlpumpdeps.h): window classes, the default procedure, lifecycle, activation,
 // frame, menus, device contexts, input, painting, clipboard, foreign
 // windows and drag and drop.
 //
@@ -127,34 +127,37 @@ BOOL WINAPI GetCursorPos(LPPOINT lpPoint)
 
 // ---- Window classes and procedures -------------------------------------------
 //
-// Without the class table only the desktop's class exists.  Its procedure
-// id 1 stands for the default procedure pair, the first entry of the
-// procedure table; without the table an id has no addresses, so every id
-// answers for itself.
+// Without the class table only the desktop's class exists.  Registering
+// the built-ins gives it the default procedure pair, the first entry of the
+// procedure table, so id 1 stands for that pair.  The default procedures
+// themselves are placeholders that answer 0.
 
 namespace {
 
 WindowClass *DesktopClass()
 {
-    static WindowClass desktopClass = {nullptr, 32769, CS_VREDRAW | CS_HREDRAW | CS_DBLCLKS, 1, 0, 0,
+    static WindowClass desktopClass = {nullptr, 32769, CS_VREDRAW | CS_HREDRAW | CS_DBLCLKS, 0, 0, 0,
                                        nullptr, nullptr, nullptr, nullptr, nullptr, nullptr};
     return &desktopClass;
 }
 
 } // namespace
 
-void WindowClass_RegisterBuiltins() {}
+// Placeholder until the default window procedure exists.
+LRESULT WINAPI DefWindowProcA(HWND, UINT, WPARAM, LPARAM) { return 0; }
+
+// Placeholder until the default window procedure exists.
+LRESULT WINAPI DefWindowProcW(HWND, UINT, WPARAM, LPARAM) { return 0; }
+
+void WindowClass_RegisterBuiltins()
+{
+    DesktopClass()->nIdWndProc = AllocWndProcId(DefWindowProcA, DefWindowProcW);
+}
 
 WindowClass *WindowClass_FindClass(ATOM atom)
 {
     return atom == DesktopClass()->atom ? DesktopClass() : nullptr;
 }
-
-LONG_PTR GetWndProc(UINT id, BOOL) { return id; }
-
-BOOL IsWndProcId(LONG_PTR) { return FALSE; }
-
-UINT AllocWndProcId(WNDPROC, WNDPROC) { return 0; }
 
 DWORD WINAPI GetClassLongA(HWND hWnd, int nIndex)
 {

@@ -13,6 +13,7 @@
 #include <windows.h>
 
 #include "vorlinternal.h"
+#include "vorlwindowproc.h"
 
 #include <X11/Xlib.h>
 #include <gdk/gdk.h>
@@ -63,14 +64,8 @@ void WindowClass_RegisterBuiltins();
 // The class of an atom, or null.
 WindowClass *WindowClass_FindClass(ATOM atom);
 
-// The side of the procedure pair of `id` that `wide` asks for, or the id
-// itself when that side is missing.
-LONG_PTR GetWndProc(UINT id, BOOL wide);
-// The value is a procedure id rather than an address.
-BOOL IsWndProcId(LONG_PTR value);
-// The id of the entry for the pair (either may be null), made on demand;
-// 0 when the table is full.
-UINT AllocWndProcId(WNDPROC pWndProcA, WNDPROC pWndProcW);
+// The procedure ids (GetWndProc, IsWndProcId, AllocWndProcId) are in
+// vorlwindowproc.h.
 
 // ---- Window lifecycle and activation ----------------------------------------
 
