@@ -6,6 +6,8 @@
 
 #include <windows.h>
 
+#include "vorlinternal.h"
+
 struct WindowClass {
     WindowClass *pNext;     // next in the class list
     ATOM atom;              // the class's only key
@@ -20,5 +22,41 @@ struct WindowClass {
     HCURSOR hCursor;        // GCL_HCURSOR
     HBRUSH hbrBackground;   // GCL_HBRBACKGROUND
 };
+
+// The class list is guarded by the toolkit lock: every function below
+// assumes the caller holds it.
+
+// The class of an atom, or null.  Declared for the window layer in
+// gtk/vorlpumpdeps.h as well.
+VORLAN_INTERNAL WindowClass *WindowClass_FindClass(ATOM atom);
+
+// Everything a new class record starts with, apart from its atom.
+struct WindowClassFields {
+    DWORD style;
+    UINT nIdWndProc;
+    int cbClsExtra;
+    int cbWndExtra;
+    HINSTANCE hInstance;
+    HICON hIcon;
+    HCURSOR hCursor;
+    HBRUSH hbrBackground;
+    LPCWSTR pszMenuName; // a resource number below 0x10000 or a string to copy
+    HICON hIconSm;
+};
+
+// Makes the record of a new class and links it at the tail of the list.
+// Null on failure, with the error set: 1410 when the atom names a class
+// already, 87 for negative extra sizes, 14 when out of memory.
+VORLAN_INTERNAL WindowClass *RegisterClassCore(ATOM atom, const WindowClassFields &fields);
+
+// Unlinks the class of the atom and frees its record and menu name copy;
+// false when no class has the atom.  The atom itself is the caller's.
+VORLAN_INTERNAL bool WindowClass_Remove(ATOM atom);
+
+// The extra bytes that follow the record.
+inline BYTE *ClassExtraBytes(WindowClass *wc)
+{
+    return reinterpret_cast<BYTE *>(wc + 1);
+}
 
 #endif // VORLAN_VORLWINDOWCLASS_H

@@ -1,6 +1,6 @@
 // Minimal behaviour of the subsystems that the event pump, start-up and the
 // window objects call into but that are not there yet (declared in
-// vorlpumpdeps.h): window classes, the default procedure, lifecycle, activation,
+// vorlpumpdeps.h): the default procedure, lifecycle, activation,
 // frame, menus, device contexts, input, painting, clipboard, foreign
 // windows and drag and drop.
 //
@@ -125,85 +125,13 @@ BOOL WINAPI GetCursorPos(LPPOINT lpPoint)
     return TRUE;
 }
 
-// ---- Window classes and procedures -------------------------------------------
-//
-// Without the class table only the desktop's class exists.  Registering
-// the built-ins gives it the default procedure pair, the first entry of the
-// procedure table, so id 1 stands for that pair.  The default procedures
-// themselves are placeholders that answer 0.
-
-namespace {
-
-WindowClass *DesktopClass()
-{
-    static WindowClass desktopClass = {nullptr, 32769, CS_VREDRAW | CS_HREDRAW | CS_DBLCLKS, 0, 0, 0,
-                                       nullptr, nullptr, nullptr, nullptr, nullptr, nullptr};
-    return &desktopClass;
-}
-
-} // namespace
+// ---- Window procedures ---------------------------------------------------------
 
 // Placeholder until the default window procedure exists.
 LRESULT WINAPI DefWindowProcA(HWND, UINT, WPARAM, LPARAM) { return 0; }
 
 // Placeholder until the default window procedure exists.
 LRESULT WINAPI DefWindowProcW(HWND, UINT, WPARAM, LPARAM) { return 0; }
-
-void WindowClass_RegisterBuiltins()
-{
-    DesktopClass()->nIdWndProc = AllocWndProcId(DefWindowProcA, DefWindowProcW);
-}
-
-WindowClass *WindowClass_FindClass(ATOM atom)
-{
-    return atom == DesktopClass()->atom ? DesktopClass() : nullptr;
-}
-
-DWORD WINAPI GetClassLongA(HWND hWnd, int nIndex)
-{
-    vorlan::Window *pWnd = vorlan::getWindow(hWnd);
-    if (pWnd == nullptr) {
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-        return 0;
-    }
-    if (nIndex == GCLP_HMODULE)
-        return static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(pWnd->pClass->hInstance));
-    return 0;
-}
-
-#if VORLAN_LP64
-ULONG_PTR WINAPI GetClassLongPtrA(HWND hWnd, int nIndex)
-{
-    vorlan::Window *pWnd = vorlan::getWindow(hWnd);
-    if (pWnd == nullptr) {
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-        return 0;
-    }
-    if (nIndex == GCLP_HMODULE)
-        return reinterpret_cast<ULONG_PTR>(pWnd->pClass->hInstance);
-    return 0;
-}
-#endif
-
-// The class name is the name of the class atom.
-int WINAPI GetClassNameA(HWND hWnd, LPSTR lpClassName, int nMaxCount)
-{
-    vorlan::Window *pWnd = vorlan::getWindow(hWnd);
-    if (lpClassName == nullptr || nMaxCount <= 0) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return 0;
-    }
-    if (pWnd == nullptr) {
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-        return 0;
-    }
-    char name[256];
-    const UINT length = GetAtomNameA(pWnd->pClass->atom, name, sizeof name);
-    if (length == 0)
-        return 0;
-    lstrcpynA(lpClassName, name, nMaxCount);
-    return lstrlenA(lpClassName);
-}
 
 // ---- Window lifecycle and activation -------------------------------------------
 //

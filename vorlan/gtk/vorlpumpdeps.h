@@ -62,7 +62,7 @@ struct WindowClass;
 // Registers the built-in classes; the class of atom 32769 is the desktop's.
 void WindowClass_RegisterBuiltins();
 // The class of an atom, or null.
-WindowClass *WindowClass_FindClass(ATOM atom);
+VORLAN_INTERNAL WindowClass *WindowClass_FindClass(ATOM atom);
 
 // The procedure ids (GetWndProc, IsWndProcId, AllocWndProcId) are in
 // vorlwindowproc.h.

@@ -1,0 +1,481 @@
+// Window classes: registration and removal by name and by atom, the error
+// values, the GCL_ fields with the procedure handed out on the side asked
+// for, and the class name in both forms.
+#include <gtest/gtest.h>
+
+#include "gtk/vorlglobals.h"
+#include "gtk/vorlgtklock.h"
+#include "support/window_objects.h"
+#include "vorlwindowclass.h"
+#include "vorlwindowproc.h"
+
+#include <cstring>
+#include <string>
+
+using vorlan::GtkCriticalSection;
+
+namespace {
+
+template <int N> LRESULT CALLBACK Proc(HWND, UINT, WPARAM, LPARAM)
+{
+    return 2000 + N;
+}
+
+LPCWSTR W(const char16_t *text)
+{
+    return reinterpret_cast<LPCWSTR>(text);
+}
+
+std::u16string Text(const WCHAR *text)
+{
+    return reinterpret_cast<const char16_t *>(text);
+}
+
+HWND NoSuchWindow()
+{
+    return reinterpret_cast<HWND>(static_cast<ULONG_PTR>(0x1234));
+}
+
+HINSTANCE FakeInstance()
+{
+    return reinterpret_cast<HINSTANCE>(static_cast<ULONG_PTR>(0x7f1200000000ull));
+}
+
+template <typename T> T FakeHandle(ULONG_PTR value)
+{
+    return reinterpret_cast<T>(value);
+}
+
+WindowClass *FindClass(ATOM atom)
+{
+    GtkCriticalSection lock;
+    return WindowClass_FindClass(atom);
+}
+
+ATOM RegisterWide(const char16_t *name, WNDPROC procedure, int cbClsExtra = 0)
+{
+    WNDCLASSW wc = {};
+    wc.style = CS_HREDRAW;
+    wc.lpfnWndProc = procedure;
+    wc.cbClsExtra = cbClsExtra;
+    wc.cbWndExtra = 12;
+    wc.hInstance = FakeInstance();
+    wc.lpszClassName = W(name);
+    return RegisterClassW(&wc);
+}
+
+ATOM RegisterNarrow(const char *name, WNDPROC procedure)
+{
+    WNDCLASSA wc = {};
+    wc.lpfnWndProc = procedure;
+    wc.lpszClassName = name;
+    return RegisterClassA(&wc);
+}
+
+LPCSTR AsName(ATOM atom)
+{
+    return reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(atom));
+}
+
+// A window of a registered class: the test window's class record is
+// swapped for the registered one while this object lives.
+class ClassWindow {
+public:
+    explicit ClassWindow(ATOM atom) : m_window(Options())
+    {
+        GtkCriticalSection lock;
+        m_own = m_window.object()->pClass;
+        m_window.object()->pClass = WindowClass_FindClass(atom);
+    }
+    ~ClassWindow()
+    {
+        GtkCriticalSection lock;
+        m_window.object()->pClass = m_own;
+    }
+    HWND hwnd() const { return m_window.hwnd(); }
+    vorlan::Window *object() const { return m_window.object(); }
+
+private:
+    static vorlan_test::WindowOptions Options()
+    {
+        vorlan_test::WindowOptions options;
+        options.withXWindow = false;
+        return options;
+    }
+    vorlan_test::TestWindow m_window;
+    WindowClass *m_own = nullptr;
+};
+
+} // namespace
+
+// ---- Registration ------------------------------------------------------------
+
+TEST(ClassRegistration, RoundTripByName)
+{
+    const ATOM atom = RegisterWide(u"VorlanClassRoundTrip", Proc<1>);
+    ASSERT_GE(atom, 0xC000);
+    const WindowClass *wc = FindClass(atom);
+    ASSERT_NE(wc, nullptr);
+    EXPECT_EQ(wc->style, DWORD(CS_HREDRAW));
+    EXPECT_EQ(wc->cbWndExtra, 12);
+    EXPECT_EQ(wc->hInstance, FakeInstance());
+    EXPECT_EQ(wc->nIdWndProc, AllocWndProcId(nullptr, Proc<1>)) << "a wide class has a wide procedure";
+    EXPECT_TRUE(UnregisterClassW(W(u"VorlanClassRoundTrip"), nullptr));
+    EXPECT_EQ(FindClass(atom), nullptr);
+    EXPECT_EQ(FindAtomW(W(u"VorlanClassRoundTrip")), 0) << "the registration's atom count is given back";
+}
+
+TEST(ClassRegistration, RoundTripByAtom)
+{
+    const ATOM atom = RegisterNarrow("VorlanClassByAtom", Proc<2>);
+    ASSERT_NE(atom, 0);
+    EXPECT_EQ(FindClass(atom)->nIdWndProc, AllocWndProcId(Proc<2>, nullptr)) << "an ANSI class";
+    EXPECT_TRUE(UnregisterClassA(AsName(atom), nullptr));
+    EXPECT_EQ(FindClass(atom), nullptr);
+    EXPECT_EQ(FindAtomA("VorlanClassByAtom"), 0);
+}
+
+TEST(ClassRegistration, NamesIgnoreCase)
+{
+    const ATOM atom = RegisterNarrow("VorlanCaseClass", Proc<3>);
+    ASSERT_NE(atom, 0);
+    SetLastError(0);
+    EXPECT_EQ(RegisterWide(u"VORLANCASECLASS", Proc<3>), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_CLASS_ALREADY_EXISTS));
+    EXPECT_TRUE(UnregisterClassA("vorlancaseclass", nullptr));
+    EXPECT_EQ(FindClass(atom), nullptr);
+}
+
+TEST(ClassRegistration, DuplicateKeepsTheAtomCount)
+{
+    const ATOM atom = RegisterNarrow("VorlanDuplicateClass", Proc<4>);
+    ASSERT_NE(atom, 0);
+    const WindowClass *first = FindClass(atom);
+    SetLastError(0);
+    EXPECT_EQ(RegisterNarrow("VorlanDuplicateClass", Proc<5>), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_CLASS_ALREADY_EXISTS));
+    EXPECT_EQ(FindClass(atom), first);
+    EXPECT_EQ(first->nIdWndProc, AllocWndProcId(Proc<4>, nullptr)) << "the first registration stands";
+    ASSERT_TRUE(UnregisterClassA("VorlanDuplicateClass", nullptr));
+    EXPECT_EQ(FindAtomA("VorlanDuplicateClass"), 0) << "one count, given back once";
+}
+
+TEST(ClassRegistration, SameProcedureSharesOneEntry)
+{
+    const ATOM a = RegisterWide(u"VorlanSharedProcA", Proc<6>);
+    const UINT count = g_nWndProcCount;
+    const ATOM b = RegisterWide(u"VorlanSharedProcB", Proc<6>);
+    ASSERT_NE(a, 0);
+    ASSERT_NE(b, 0);
+    EXPECT_EQ(FindClass(a)->nIdWndProc, FindClass(b)->nIdWndProc);
+    EXPECT_EQ(g_nWndProcCount, count);
+    UnregisterClassA(AsName(a), nullptr);
+    UnregisterClassA(AsName(b), nullptr);
+}
+
+TEST(ClassRegistration, MenuNameNumberOrCopy)
+{
+    WNDCLASSA wc = {};
+    wc.lpfnWndProc = Proc<7>;
+    wc.lpszClassName = "VorlanMenuNumber";
+    wc.lpszMenuName = MAKEINTRESOURCEA(42);
+    const ATOM numbered = RegisterClassA(&wc);
+    ASSERT_NE(numbered, 0);
+    EXPECT_EQ(reinterpret_cast<ULONG_PTR>(FindClass(numbered)->pszMenuName), 42u);
+
+    char menu[] = "MainMenu";
+    wc.lpszClassName = "VorlanMenuString";
+    wc.lpszMenuName = menu;
+    const ATOM named = RegisterClassA(&wc);
+    ASSERT_NE(named, 0);
+    std::strcpy(menu, "Changed!");
+    EXPECT_EQ(Text(FindClass(named)->pszMenuName), u"MainMenu") << "an owned UTF-16 copy";
+    EXPECT_TRUE(UnregisterClassA(AsName(numbered), nullptr));
+    EXPECT_TRUE(UnregisterClassA(AsName(named), nullptr));
+}
+
+TEST(ClassRegistration, ExFormsTakeTheSmallIcon)
+{
+    WNDCLASSEXW wcx = {};
+    wcx.cbSize = sizeof wcx;
+    wcx.lpfnWndProc = Proc<8>;
+    wcx.lpszClassName = W(u"VorlanExClass");
+    wcx.hIconSm = FakeHandle<HICON>(0x5511);
+    const ATOM atom = RegisterClassExW(&wcx);
+    ASSERT_NE(atom, 0);
+    EXPECT_EQ(FindClass(atom)->hIconSm, FakeHandle<HICON>(0x5511));
+    EXPECT_TRUE(UnregisterClassW(W(u"VorlanExClass"), nullptr));
+
+    wcx.cbSize = sizeof wcx - 1;
+    SetLastError(0);
+    EXPECT_EQ(RegisterClassExW(&wcx), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    WNDCLASSEXA wcxa = {};
+    wcxa.cbSize = sizeof wcxa + 4;
+    wcxa.lpfnWndProc = Proc<8>;
+    wcxa.lpszClassName = "VorlanExClass";
+    EXPECT_EQ(RegisterClassExA(&wcxa), 0);
+    EXPECT_EQ(FindAtomA("VorlanExClass"), 0);
+}
+
+TEST(ClassRegistration, BadArgumentsGive87)
+{
+    WNDCLASSA wc = {};
+    wc.lpfnWndProc = Proc<9>;
+    SetLastError(0);
+    EXPECT_EQ(RegisterClassA(nullptr), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    SetLastError(0);
+    EXPECT_EQ(RegisterClassA(&wc), 0) << "no name";
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    SetLastError(0);
+    EXPECT_EQ(RegisterWide(u"VorlanNoProcedure", nullptr), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    EXPECT_EQ(FindAtomW(W(u"VorlanNoProcedure")), 0);
+    SetLastError(0);
+    EXPECT_EQ(RegisterClassW(nullptr), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    SetLastError(0);
+    EXPECT_FALSE(UnregisterClassA(nullptr, nullptr));
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    SetLastError(0);
+    EXPECT_FALSE(UnregisterClassW(nullptr, nullptr));
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+}
+
+TEST(ClassRegistration, NegativeExtraSizeIsRefused)
+{
+    SetLastError(0);
+    EXPECT_EQ(RegisterWide(u"VorlanNegativeExtra", Proc<10>, -4), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    EXPECT_EQ(FindAtomW(W(u"VorlanNegativeExtra")), 0);
+}
+
+TEST(ClassRegistration, UnregisterUnknownGives1411)
+{
+    SetLastError(0);
+    EXPECT_FALSE(UnregisterClassA("VorlanNeverRegistered", nullptr));
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_CLASS_DOES_NOT_EXIST));
+    const ATOM plain = AddAtomA("VorlanAtomButNoClass");
+    SetLastError(0);
+    EXPECT_FALSE(UnregisterClassA("VorlanAtomButNoClass", nullptr));
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_CLASS_DOES_NOT_EXIST));
+    EXPECT_EQ(FindAtomA("VorlanAtomButNoClass"), plain) << "an atom that is no class is left alone";
+    DeleteAtom(plain);
+    SetLastError(0);
+    EXPECT_FALSE(UnregisterClassA(AsName(0x7123), nullptr));
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_CLASS_DOES_NOT_EXIST));
+}
+
+TEST(ClassRegistration, UnregisterWithAWindowGives1412)
+{
+    const ATOM atom = RegisterNarrow("VorlanClassWithWindow", Proc<11>);
+    ASSERT_NE(atom, 0);
+    {
+        vorlan_test::WindowOptions options;
+        options.withXWindow = false;
+        options.classAtom = atom;
+        vorlan_test::TestWindow window(options);
+        SetLastError(0);
+        EXPECT_FALSE(UnregisterClassA("VorlanClassWithWindow", nullptr));
+        EXPECT_EQ(GetLastError(), DWORD(ERROR_CLASS_HAS_WINDOWS));
+        EXPECT_NE(FindClass(atom), nullptr);
+    }
+    EXPECT_TRUE(UnregisterClassA("VorlanClassWithWindow", nullptr));
+}
+
+TEST(ClassRegistration, DesktopClassHasTheDefaultPairAsId1)
+{
+    const WindowClass *desktop = FindClass(32769);
+    ASSERT_NE(desktop, nullptr);
+    EXPECT_EQ(desktop->nIdWndProc, 1u);
+    EXPECT_EQ(desktop->style, DWORD(CS_VREDRAW | CS_HREDRAW | CS_DBLCLKS));
+    EXPECT_EQ(AllocWndProcId(DefWindowProcA, nullptr), 1u);
+}
+
+// ---- Class longs ---------------------------------------------------------------
+
+class ClassLongs : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        WNDCLASSEXW wcx = {};
+        wcx.cbSize = sizeof wcx;
+        wcx.style = CS_DBLCLKS | CS_OWNDC;
+        wcx.lpfnWndProc = Proc<20>;
+        wcx.cbClsExtra = 8;
+        wcx.cbWndExtra = 16;
+        wcx.hInstance = FakeInstance();
+        wcx.hIcon = FakeHandle<HICON>(0x1101);
+        wcx.hCursor = FakeHandle<HCURSOR>(0x1102);
+        wcx.hbrBackground = FakeHandle<HBRUSH>(0x1103);
+        wcx.hIconSm = FakeHandle<HICON>(0x1104);
+        wcx.lpszClassName = W(u"VorlanClassLongs");
+        atom = RegisterClassExW(&wcx);
+        ASSERT_NE(atom, 0);
+    }
+    void TearDown() override { EXPECT_TRUE(UnregisterClassA(AsName(atom), nullptr)); }
+
+    ATOM atom = 0;
+};
+
+TEST_F(ClassLongs, FieldsReadBack)
+{
+    ClassWindow window(atom);
+    const HWND hWnd = window.hwnd();
+    EXPECT_EQ(GetClassLongW(hWnd, GCW_ATOM), atom);
+    EXPECT_EQ(GetClassLongA(hWnd, GCL_STYLE), DWORD(CS_DBLCLKS | CS_OWNDC));
+    EXPECT_EQ(GetClassLongPtrA(hWnd, GCLP_HMODULE), reinterpret_cast<ULONG_PTR>(FakeInstance()));
+    EXPECT_EQ(GetClassLongPtrW(hWnd, GCLP_HICON), 0x1101u);
+    EXPECT_EQ(GetClassLongPtrA(hWnd, GCLP_HCURSOR), 0x1102u);
+    EXPECT_EQ(GetClassLongPtrW(hWnd, GCLP_HBRBACKGROUND), 0x1103u);
+    EXPECT_EQ(GetClassLongPtrA(hWnd, GCLP_HICONSM), 0x1104u);
+    EXPECT_EQ(GetWindowLongPtrA(hWnd, GWLP_HINSTANCE), reinterpret_cast<LONG_PTR>(FakeInstance()));
+}
+
+TEST_F(ClassLongs, ProcedureOnTheSideAskedFor)
+{
+    ClassWindow window(atom);
+    EXPECT_EQ(GetClassLongPtrW(window.hwnd(), GCLP_WNDPROC), reinterpret_cast<ULONG_PTR>(Proc<20>));
+    const ULONG_PTR forAnsi = GetClassLongPtrA(window.hwnd(), GCLP_WNDPROC);
+    EXPECT_TRUE(IsWndProcId(static_cast<LONG_PTR>(forAnsi))) << "no ANSI procedure: the id";
+    EXPECT_EQ(CallWindowProcA(reinterpret_cast<WNDPROC>(forAnsi), window.hwnd(), WM_USER, 0, 0), 2020);
+}
+
+TEST_F(ClassLongs, SettingTheProcedureLeavesWindowsAlone)
+{
+    ClassWindow window(atom);
+    UINT windowProc;
+    {
+        GtkCriticalSection lock;
+        window.object()->nIdWndProc = FindClass(atom)->nIdWndProc;
+        windowProc = window.object()->nIdWndProc;
+    }
+    EXPECT_EQ(SetClassLongPtrW(window.hwnd(), GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(Proc<21>)),
+              reinterpret_cast<ULONG_PTR>(Proc<20>));
+    EXPECT_EQ(FindClass(atom)->nIdWndProc, AllocWndProcId(nullptr, Proc<21>));
+    EXPECT_EQ(window.object()->nIdWndProc, windowProc);
+
+    const ULONG_PTR old = SetClassLongPtrA(window.hwnd(), GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(Proc<22>));
+    EXPECT_EQ(old, ULONG_PTR(AllocWndProcId(nullptr, Proc<21>))) << "the old one had no ANSI side";
+    EXPECT_EQ(FindClass(atom)->nIdWndProc, AllocWndProcId(Proc<22>, nullptr));
+    EXPECT_EQ(GetClassLongPtrA(window.hwnd(), GCLP_WNDPROC), reinterpret_cast<ULONG_PTR>(Proc<22>));
+
+    SetLastError(0);
+    EXPECT_EQ(SetClassLongPtrW(window.hwnd(), GCLP_WNDPROC, 0), 0u);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    EXPECT_EQ(FindClass(atom)->nIdWndProc, AllocWndProcId(Proc<22>, nullptr));
+}
+
+TEST_F(ClassLongs, SetReturnsTheOldValue)
+{
+    ClassWindow window(atom);
+    EXPECT_EQ(SetClassLongW(window.hwnd(), GCL_STYLE, CS_HREDRAW), DWORD(CS_DBLCLKS | CS_OWNDC));
+    EXPECT_EQ(GetClassLongW(window.hwnd(), GCL_STYLE), DWORD(CS_HREDRAW));
+    EXPECT_EQ(SetClassLongPtrW(window.hwnd(), GCLP_HCURSOR, 0x2202), 0x1102u);
+    EXPECT_EQ(GetClassLongPtrW(window.hwnd(), GCLP_HCURSOR), 0x2202u);
+    EXPECT_EQ(SetClassLongPtrA(window.hwnd(), GCLP_HICONSM, 0x2204), 0x1104u);
+    EXPECT_EQ(FindClass(atom)->hIconSm, FakeHandle<HICON>(0x2204));
+    EXPECT_EQ(SetClassLongW(window.hwnd(), GCW_ATOM, 77), 0u) << "the atom is not written";
+    EXPECT_EQ(FindClass(atom)->atom, atom);
+}
+
+TEST_F(ClassLongs, SizesAndExtraBytesReadZero)
+{
+    ClassWindow window(atom);
+    EXPECT_EQ(GetClassLongW(window.hwnd(), GCL_CBCLSEXTRA), 0u);
+    EXPECT_EQ(GetClassLongW(window.hwnd(), GCL_CBWNDEXTRA), 0u);
+    EXPECT_EQ(SetClassLongW(window.hwnd(), 0, 0x55667788), 0u);
+    EXPECT_EQ(SetClassLongW(window.hwnd(), 4, 0x11223344), 0u);
+    EXPECT_EQ(SetClassLongPtrW(window.hwnd(), 4096, 0x11223344), 0u) << "far beyond the extra bytes";
+    EXPECT_EQ(GetClassLongW(window.hwnd(), 0), 0u);
+    EXPECT_EQ(GetClassLongPtrA(window.hwnd(), 4096), 0u);
+    WindowClass *wc = FindClass(atom);
+    EXPECT_EQ(wc->cbClsExtra, 8);
+    const BYTE zeros[8] = {};
+    EXPECT_EQ(std::memcmp(ClassExtraBytes(wc), zeros, sizeof zeros), 0) << "zeroed and never written";
+}
+
+TEST_F(ClassLongs, NarrowFormsRefusePointerIndexes)
+{
+    ClassWindow window(atom);
+    SetLastError(0);
+    EXPECT_EQ(GetClassLongA(window.hwnd(), GCLP_WNDPROC), 0u);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_INDEX));
+    SetLastError(0);
+    EXPECT_EQ(SetClassLongW(window.hwnd(), GCLP_HICON, 5), 0u);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_INDEX));
+    EXPECT_EQ(FindClass(atom)->hIcon, FakeHandle<HICON>(0x1101));
+}
+
+TEST(ClassLongsBadHandle, Gives1400)
+{
+    SetLastError(0);
+    EXPECT_EQ(GetClassLongPtrA(NoSuchWindow(), GCLP_HMODULE), 0u);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    SetLastError(0);
+    EXPECT_EQ(GetClassLongW(nullptr, GCL_STYLE), 0u);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    SetLastError(0);
+    EXPECT_EQ(SetClassLongPtrW(NoSuchWindow(), GCLP_HCURSOR, 1), 0u);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+}
+
+// ---- Class names -----------------------------------------------------------------
+
+class ClassNames : public ClassLongs {};
+
+TEST_F(ClassNames, WideNameIsCutToTheBuffer)
+{
+    ClassWindow window(atom);
+    WCHAR name[64];
+    EXPECT_EQ(GetClassNameW(window.hwnd(), name, 64), 16);
+    EXPECT_EQ(Text(name), u"VorlanClassLongs");
+    WCHAR small[5] = {'x', 'x', 'x', 'x', 'x'};
+    EXPECT_EQ(GetClassNameW(window.hwnd(), small, 4), 3);
+    EXPECT_EQ(Text(small), u"Vor");
+    EXPECT_EQ(small[4], 'x') << "nothing beyond the given size";
+    EXPECT_EQ(GetClassNameW(window.hwnd(), small, 1), 0);
+    EXPECT_EQ(small[0], 0);
+}
+
+TEST_F(ClassNames, AnsiNameIsCutToTheBuffer)
+{
+    ClassWindow window(atom);
+    char name[64];
+    EXPECT_EQ(GetClassNameA(window.hwnd(), name, 64), 16);
+    EXPECT_STREQ(name, "VorlanClassLongs");
+    char small[6] = "xxxxx";
+    EXPECT_EQ(GetClassNameA(window.hwnd(), small, 5), 4);
+    EXPECT_STREQ(small, "Vorl");
+    EXPECT_EQ(GetClassNameA(window.hwnd(), small, 1), 0);
+    EXPECT_EQ(small[0], 0);
+}
+
+TEST(ClassNamesOfAtoms, IntegerAtomClassHasItsNumberForm)
+{
+    char name[16];
+    EXPECT_EQ(GetClassNameA(g_hWndDesktop, name, sizeof name), 6);
+    EXPECT_STREQ(name, "#32769");
+}
+
+TEST(ClassNamesOfAtoms, BadArgumentsAndHandles)
+{
+    char name[16];
+    WCHAR wide[16];
+    SetLastError(0);
+    EXPECT_EQ(GetClassNameA(g_hWndDesktop, nullptr, 16), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    SetLastError(0);
+    EXPECT_EQ(GetClassNameW(g_hWndDesktop, wide, 0), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    SetLastError(0);
+    EXPECT_EQ(GetClassNameA(g_hWndDesktop, name, -1), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    SetLastError(0);
+    EXPECT_EQ(GetClassNameW(NoSuchWindow(), wide, 16), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    SetLastError(0);
+    EXPECT_EQ(GetClassNameA(NoSuchWindow(), name, 16), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+}
