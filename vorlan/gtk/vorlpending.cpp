@@ -31,8 +31,6 @@ HWND WINAPI GetCapture(void) { return nullptr; }
 
 BOOL WINAPI IsWindowEnabled(HWND) { return FALSE; }
 
-BOOL WINAPI PostMessageW(HWND, UINT, WPARAM, LPARAM) { return FALSE; }
-
 // ---- Painting ---------------------------------------------------------------
 
 void ExposeWindows(HWND, const RECT *) {}
@@ -57,8 +55,7 @@ int vorl_drag_event_filter(GdkEvent *, gpointer) { return 0; }
 // ---- Message queues -----------------------------------------------------------
 //
 // Handles that the window table does not know are asked of the stand-in
-// windows, and a send within the thread calls a stand-in's procedure.
-// Window objects have no procedure to call yet: a send to one answers 0.
+// windows, and a send within the thread to one calls its procedure.
 
 namespace vorlan {
 
@@ -74,21 +71,18 @@ bool StandInHasUpdateRegion(HWND hWnd) { return testing::TestWindowHasUpdateRegi
 
 } // namespace vorlan
 
-LRESULT SendMessageAW(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam, BOOL wide)
+namespace vorlan {
+
+LRESULT SendToStandInWindow(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    const DWORD owner = vorlan::WindowThreadId(hWnd);
-    if (owner == 0)
-        return 0;
-    if (owner != GetCurrentThreadId()) {
-        tagMSG msg = {hWnd, message, wParam, lParam, 0, {0, 0}};
-        return PostMessageCore(&msg, wide, TRUE, POST_TO_WINDOW_THREAD);
-    }
-    WNDPROC procedure = vorlan::testing::TestWindowProcedure(hWnd);
+    WNDPROC procedure = testing::TestWindowProcedure(hWnd);
     if (procedure == nullptr)
         return 0;
-    vorlan::GtkLockReleaser unlocked;
+    GtkLockReleaser unlocked;
     return procedure(hWnd, message, wParam, lParam);
 }
+
+} // namespace vorlan
 
 // Keys go to the focus window, else to the active window of the thread.
 BOOL ProcessKeyMessage(_InputMSG *record)
@@ -111,8 +105,6 @@ BOOL ProcessMouseMessage(_InputMSG *record)
     record->lParam = MAKELPARAM(record->pt.x, record->pt.y);
     return TRUE;
 }
-
-BOOL DispatchHook(MSG *, BOOL, BOOL) { return FALSE; }
 
 void DestroyStandInWindowsOfThread(DWORD tid) { vorlan::testing::DestroyTestWindowsOfThread(tid); }
 
@@ -184,8 +176,6 @@ HWND SetOwner(HWND hWnd, HWND hWndOwner)
 void SetForegroundThreadId(DWORD) {}
 
 BOOL WINAPI SetWindowPos(HWND, HWND, int, int, int, int, UINT) { return FALSE; }
-
-LRESULT WINAPI SendMessageW(HWND, UINT, WPARAM, LPARAM) { return 0; }
 
 BOOL WINAPI SetForegroundWindow(HWND) { return FALSE; }
 

@@ -171,13 +171,16 @@ VORLAN_INTERNAL bool TakeNcPaintPending(HWND hWnd);
 VORLAN_INTERNAL bool HasUpdateRegion(HWND hWnd);
 
 // The same questions for handles that the window table does not know: the
-// stand-in windows of vorltestwindows.h, which carry a procedure, until
-// window procedures and SendMessageW arrive with the window classes.
+// stand-in windows of vorltestwindows.h, which carry a procedure of their
+// own outside the procedure table.
 DWORD StandInWindowThreadId(HWND hWnd);
 bool StandInWindowExists(HWND hWnd);
 bool StandInWindowIsDescendant(HWND parent, HWND hWnd);
 bool TakeStandInNcPaintPending(HWND hWnd);
 bool StandInHasUpdateRegion(HWND hWnd);
+// A send within the thread to a stand-in window: its procedure, called
+// without the toolkit lock.
+LRESULT SendToStandInWindow(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
 } // namespace vorlan
 
 // The core of SendMessageW and SendMessageA: a window of the calling thread
