@@ -1,20 +1,22 @@
 // Many threads posting and sending to each other and to the main thread at
 // once: every reply right, every post delivered in order, no deadlock, and a
 // bounded run time.  A watchdog ends the process with a report instead of
-// letting a deadlock hang the suite.
+// letting a deadlock hang the suite.  Everything goes through the exported
+// calls, SendMessageW and PostMessageW, to real window objects.
 
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorltestwindows.h"
 #include "gtk/vorlthread.h"
 #include "support/queue_helpers.h"
+#include "support/window_objects.h"
 
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -65,6 +67,16 @@ struct Stress {
     }
 };
 
+// A window object of the calling thread whose procedure is StressProc.
+std::unique_ptr<TestWindow> MakeStressWindow()
+{
+    WindowOptions options;
+    options.withXWindow = false;
+    auto window = std::make_unique<TestWindow>(options);
+    SetWindowLongPtrW(window->hwnd(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(StressProc));
+    return window;
+}
+
 // A posted message carries the sender in lParam and its sequence number to
 // that target in wParam; each sender's posts must arrive in order.
 void NotePost(Stress &stress, int self, const MSG &msg)
@@ -85,7 +97,8 @@ void NotePost(Stress &stress, int self, const MSG &msg)
 void RunWorker(Stress &stress, int self)
 {
     ThreadData::GetCurrentThreadData();
-    stress.participants[self].window = vorlan::testing::CreateTestWindow(StressProc);
+    std::unique_ptr<TestWindow> own = MakeStressWindow();
+    stress.participants[self].window = own->hwnd();
     for (int p = 0; p < kParticipants; ++p)
         SpinUntil([&] { return stress.participants[p].window.load() != nullptr; });
 
@@ -95,13 +108,13 @@ void RunWorker(Stress &stress, int self)
         const HWND window = stress.participants[target].window;
         if (i % 2 == 0) {
             const WPARAM wParam = static_cast<WPARAM>(i);
-            const LRESULT reply = LockedSend(window, WM_STRESS_SEND, wParam, self);
+            const LRESULT reply = SendMessageW(window, WM_STRESS_SEND, wParam, self);
             if (reply == Expected(wParam, self))
                 ++stress.rightReplies;
             else
                 ++stress.wrongReplies;
         } else {
-            if (LockedPost(window, WM_STRESS_POST, postSequence[target]++, self) != 1)
+            if (!PostMessageW(window, WM_STRESS_POST, postSequence[target]++, self))
                 ++stress.failedCalls;
         }
         ++stress.progress;
@@ -162,7 +175,8 @@ TEST(MessageStress, ThreadsSendAndPostToEachOtherAndToTheMainThread)
             ++stress.participants[target].postsExpected;
         }
     }
-    stress.participants[0].window = vorlan::testing::CreateTestWindow(StressProc);
+    std::unique_ptr<TestWindow> mainWindow = MakeStressWindow();
+    stress.participants[0].window = mainWindow->hwnd();
 
     const auto start = std::chrono::steady_clock::now();
     {
@@ -188,7 +202,6 @@ TEST(MessageStress, ThreadsSendAndPostToEachOtherAndToTheMainThread)
     EXPECT_LT(elapsed, kTimeLimit);
     std::printf("stress: %d threads x %d messages in %.2f s\n", kWorkers, kMessagesPerWorker,
                 std::chrono::duration<double>(elapsed).count());
-    vorlan::testing::DestroyTestWindow(stress.participants[0].window);
 }
 
 } // namespace
