@@ -4,7 +4,7 @@
 #ifndef VORLAN_VORLAN_H
 #define VORLAN_VORLAN_H
 
-#include "windef.h"
+#include "windows.h"
 
 #ifndef RC_INVOKED
 
@@ -17,6 +17,48 @@ VORLANAPI void QRTInitedCallback(void);
 /* The window whose X window has the given XID, or 0 when that X window is
  * not one of the library's windows. */
 VORLANAPI HWND GetWindowHandleFromXID(unsigned long xid);
+
+/* One built-in window class as the library registers it at start-up:
+ * the name, the CS_ style,
+ * the two forms of its procedure, the extra bytes of each window, the
+ * cursor resource id for LoadCursorA with a null instance, and the
+ * background brush.  The menu class is named "#32768". */
+typedef struct tagVORLBUILTINCLASS {
+    LPCWSTR lpszClassName;
+    UINT style;
+    WNDPROC lpfnWndProcA;
+    WNDPROC lpfnWndProcW;
+    int cbWndExtra;
+    UINT uCursorId;
+    HBRUSH hbrBackground;
+} VORLBUILTINCLASS;
+
+VORLAN_CHECK_SIZE(VORLBUILTINCLASS, 28, 48);
+
+VORLAN_EXTERN_C VORLAN_EXPORT const VORLBUILTINCLASS g_staticClass;
+VORLAN_EXTERN_C VORLAN_EXPORT const VORLBUILTINCLASS g_buttonClass;
+VORLAN_EXTERN_C VORLAN_EXPORT const VORLBUILTINCLASS g_editClass;
+VORLAN_EXTERN_C VORLAN_EXPORT const VORLBUILTINCLASS g_listboxClass;
+VORLAN_EXTERN_C VORLAN_EXPORT const VORLBUILTINCLASS g_comboClass;
+VORLAN_EXTERN_C VORLAN_EXPORT const VORLBUILTINCLASS g_scrollBarClass;
+VORLAN_EXTERN_C VORLAN_EXPORT const VORLBUILTINCLASS g_menuClass;
+
+/* The names of the control classes, for the dialog manager. */
+VORLAN_EXTERN_C VORLAN_EXPORT const WCHAR wszButtonClass[];
+VORLAN_EXTERN_C VORLAN_EXPORT const WCHAR wszComboboxClass[];
+VORLAN_EXTERN_C VORLAN_EXPORT const WCHAR wszDialogClass[];
+VORLAN_EXTERN_C VORLAN_EXPORT const WCHAR wszEditClass[];
+VORLAN_EXTERN_C VORLAN_EXPORT const WCHAR wszListboxClass[];
+VORLAN_EXTERN_C VORLAN_EXPORT const WCHAR wszScrollbarClass[];
+VORLAN_EXTERN_C VORLAN_EXPORT const WCHAR wszStaticClass[];
+
+/* Registers the built-in classes; start-up calls it once. */
+VORLANAPI void WindowClass_RegisterBuiltins(void);
+
+/* The record of the class with the given atom, or null.  The caller holds
+ * the toolkit lock. */
+struct WindowClass;
+VORLANAPI struct WindowClass *WindowClass_FindClass(ATOM atom);
 
 #endif /* RC_INVOKED */
 #endif /* VORLAN_VORLAN_H */

@@ -2291,6 +2291,17 @@ VORLAN_CHECK_SIZE(EVENTMSG, 20, 24);
 #define DWLP_DLGPROC (DWLP_MSGRESULT + (int)sizeof(LRESULT))
 #define DWLP_USER (DWLP_DLGPROC + (int)sizeof(DLGPROC))
 
+/* AnimateWindow flags */
+#define AW_HOR_POSITIVE 0x00000001
+#define AW_HOR_NEGATIVE 0x00000002
+#define AW_VER_POSITIVE 0x00000004
+#define AW_VER_NEGATIVE 0x00000008
+#define AW_CENTER 0x00000010
+#define AW_HIDE 0x00010000
+#define AW_ACTIVATE 0x00020000
+#define AW_SLIDE 0x00040000
+#define AW_BLEND 0x00080000
+
 /* Predefined cursors and icons for LoadCursor / LoadIcon with a null
  * instance. */
 #define IDC_ARROW MAKEINTRESOURCE(32512)
@@ -3474,6 +3485,7 @@ WINUSERAPI BOOL WINAPI SystemParametersInfoW(UINT uiAction, UINT uiParam, PVOID 
 WINUSERAPI UINT WINAPI GetDoubleClickTime(void);
 WINUSERAPI BOOL WINAPI SetDoubleClickTime(UINT uInterval);
 WINUSERAPI BOOL WINAPI MessageBeep(UINT uType);
+WINUSERAPI BOOL WINAPI AnimateWindow(HWND hWnd, DWORD dwTime, DWORD dwFlags);
 
 #define EWX_LOGOFF 0x00000000
 #define EWX_SHUTDOWN 0x00000001

@@ -5,6 +5,7 @@
 #define VORLAN_VORLWINDOWCLASS_H
 
 #include <windows.h>
+#include <vorlan.h>
 
 #include "vorlinternal.h"
 
@@ -26,9 +27,7 @@ struct WindowClass {
 // The class list is guarded by the toolkit lock: every function below
 // assumes the caller holds it.
 
-// The class of an atom, or null.  Declared for the window layer in
-// gtk/vorlpumpdeps.h as well.
-VORLAN_INTERNAL WindowClass *WindowClass_FindClass(ATOM atom);
+// WindowClass_FindClass(atom), the lookup, is declared in <vorlan.h>.
 
 // Everything a new class record starts with, apart from its atom.
 struct WindowClassFields {

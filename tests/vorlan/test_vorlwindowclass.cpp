@@ -284,15 +284,6 @@ TEST(ClassRegistration, UnregisterWithAWindowGives1412)
     EXPECT_TRUE(UnregisterClassA("VorlanClassWithWindow", nullptr));
 }
 
-TEST(ClassRegistration, DesktopClassHasTheDefaultPairAsId1)
-{
-    const WindowClass *desktop = FindClass(32769);
-    ASSERT_NE(desktop, nullptr);
-    EXPECT_EQ(desktop->nIdWndProc, 1u);
-    EXPECT_EQ(desktop->style, DWORD(CS_VREDRAW | CS_HREDRAW | CS_DBLCLKS));
-    EXPECT_EQ(AllocWndProcId(DefWindowProcA, nullptr), 1u);
-}
-
 // ---- Class longs ---------------------------------------------------------------
 
 class ClassLongs : public ::testing::Test {

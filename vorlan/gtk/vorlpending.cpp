@@ -29,8 +29,6 @@ HWND WINAPI GetForegroundWindow(void) { return nullptr; }
 
 HWND WINAPI GetCapture(void) { return nullptr; }
 
-BOOL WINAPI IsWindowEnabled(HWND) { return FALSE; }
-
 // ---- Painting ---------------------------------------------------------------
 
 void ExposeWindows(HWND, const RECT *) {}
@@ -43,7 +41,6 @@ void TranslateMouseEvent(GdkEvent *) {}
 
 void TranslateKeyEvent(GdkEvent *) {}
 
-void HandleGdkConfigureEvent(HWND, GdkEventConfigure *) {}
 
 
 // ---- Drag and drop ----------------------------------------------------------
@@ -117,93 +114,105 @@ BOOL WINAPI GetCursorPos(LPPOINT lpPoint)
     return TRUE;
 }
 
-// ---- Window procedures ---------------------------------------------------------
-
-// Placeholder until the default window procedure exists.
-LRESULT WINAPI DefWindowProcA(HWND, UINT, WPARAM, LPARAM) { return 0; }
-
-// Placeholder until the default window procedure exists.
-LRESULT WINAPI DefWindowProcW(HWND, UINT, WPARAM, LPARAM) { return 0; }
-
 // ---- Window lifecycle and activation -------------------------------------------
 //
-// Before the lifecycle layer an owner is only recorded; no X transient
-// hint is set.
-
-BOOL WINAPI IsWindow(HWND hWnd)
-{
-    if (vorlan::getWindow(hWnd) != nullptr)
-        return TRUE;
-    SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-    return FALSE;
-}
-
-HWND WINAPI GetAncestor(HWND hwnd, UINT gaFlags)
-{
-    vorlan::Window *pWnd = vorlan::getWindow(hwnd);
-    if (pWnd == nullptr) {
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-        return nullptr;
-    }
-    if (gaFlags == GA_PARENT)
-        return vorlan::HandleOf(pWnd->pWndParent);
-    if (gaFlags != GA_ROOT && gaFlags != GA_ROOTOWNER) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
-    }
-    if (pWnd->pWndParent == nullptr)
-        return nullptr;
-    while (pWnd->pWndParent != nullptr && pWnd->pWndParent->hWnd != g_hWndDesktop)
-        pWnd = pWnd->pWndParent;
-    return pWnd->hWnd;
-}
-
-HWND SetOwner(HWND hWnd, HWND hWndOwner)
-{
-    vorlan::Window *pWnd = vorlan::getWindow(hWnd);
-    if (pWnd == nullptr) {
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-        return nullptr;
-    }
-    vorlan::Window *owner = vorlan::getWindow(hWndOwner);
-    if (hWndOwner != nullptr && owner == nullptr)
-        return nullptr;
-    HWND old = vorlan::HandleOf(pWnd->pWndOwner);
-    pWnd->pWndOwner = owner;
-    return old;
-}
+// No window is ever active or foreground yet.
 
 void SetForegroundThreadId(DWORD) {}
 
-BOOL WINAPI SetWindowPos(HWND, HWND, int, int, int, int, UINT) { return FALSE; }
-
 BOOL WINAPI SetForegroundWindow(HWND) { return FALSE; }
+
+HWND WINAPI SetActiveWindow(HWND) { return nullptr; }
+
+HWND SetActiveWindowCore(HWND, BOOL) { return nullptr; }
+
+HWND WINAPI SetFocus(HWND) { return nullptr; }
+
+BOOL WINAPI ReleaseCapture(void) { return FALSE; }
+
+void EnsureFocusAndForegroundConsistent() {}
+
+BOOL WINAPI EnumWindows(WNDENUMPROC, LPARAM) { return TRUE; }
+
+// ---- Painting -------------------------------------------------------------------
+//
+// Nothing is invalidated or painted yet.
+
+BOOL WINAPI RedrawWindow(HWND, const RECT *, HRGN, UINT) { return TRUE; }
+
+void InvalidateNC(HWND) {}
+
+HDC WINAPI BeginPaint(HWND, LPPAINTSTRUCT) { return nullptr; }
+
+BOOL WINAPI EndPaint(HWND, const PAINTSTRUCT *) { return TRUE; }
+
+int WINAPI FillRect(HDC, const RECT *, HBRUSH) { return 0; }
+
+BOOL WINAPI DrawFocusRect(HDC, const RECT *) { return FALSE; }
+
+COLORREF WINAPI SetBkColor(HDC, COLORREF) { return CLR_INVALID; }
+
+COLORREF WINAPI SetTextColor(HDC, COLORREF) { return CLR_INVALID; }
+
+BOOL GdiSetDCOutputBounds(HDC, const RECT *) { return FALSE; }
+
+void DefNCPaint(HWND, HRGN) {}
+
+// ---- Cursors, caret and input method ----------------------------------------------
+
+HCURSOR WINAPI LoadCursorA(HINSTANCE, LPCSTR) { return nullptr; }
+
+HCURSOR WINAPI LoadCursorW(HINSTANCE, LPCWSTR) { return nullptr; }
+
+HCURSOR WINAPI SetCursor(HCURSOR) { return nullptr; }
+
+BOOL WINAPI DestroyCaret(void) { return FALSE; }
+
+HWND WINAPI ImmGetDefaultIMEWnd(HWND) { return nullptr; }
+
+void DestroyIMEWindow(HWND) {}
+
+void IMFocusOut(HWND) {}
+
+void RequestXEmbedFocus(HWND) {}
 
 // ---- Frame and menus -------------------------------------------------------------
 //
-// No dialog has been run through DialogBoxParamA yet, so dialogs are never
-// decorated.  There are no menus.
-
-BOOL IsWindowDecorated(HWND hWnd)
-{
-    constexpr ATOM kDialogClassAtom = 32770;
-    vorlan::Window *pWnd = vorlan::getWindow(hWnd);
-    if (pWnd == nullptr)
-        return FALSE;
-    if ((pWnd->dwStyle & WS_CHILD) != 0 && pWnd->pWndParent != nullptr)
-        return FALSE;
-    if ((pWnd->dwStyle & WS_CAPTION) != WS_CAPTION)
-        return FALSE;
-    return pWnd->pClass->atom != kDialogClassAtom;
-}
+// There are no menus: no window has a menu bar and no menu can be loaded.
 
 BOOL WINAPI IsMenu(HMENU) { return FALSE; }
+
+HMENU WINAPI GetMenu(HWND) { return nullptr; }
+
+HMENU WINAPI LoadMenuW(HINSTANCE, LPCWSTR)
+{
+    SetLastError(ERROR_RESOURCE_NAME_NOT_FOUND);
+    return nullptr;
+}
 
 void Menu_Release(HMENU, BOOL) {}
 
 void Menu_AddRef(HMENU) {}
 
 void MenuBar_UpdateLayout(HWND) {}
+
+int MenuBar_CalcLayout(HWND, int) { return 0; }
+
+int MenuBar_Height(HWND) { return 0; }
+
+int MenuBar_HitTest(HWND, POINT) { return -1; }
+
+BOOL MenuBar_Track(HWND, int, BOOL) { return FALSE; }
+
+int Menu_FindAccelItem(HMENU, WCHAR) { return -1; }
+
+HWND GetMenuOwner() { return nullptr; }
+
+void ExitMenu() {}
+
+void DefNCMouse(HWND, UINT, WPARAM, LPARAM) {}
+
+void DefSizeCommand(HWND, int, POINT) {}
 
 // ---- Device contexts ---------------------------------------------------------------
 

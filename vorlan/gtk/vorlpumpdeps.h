@@ -11,6 +11,7 @@
 #define VORLAN_GTK_VORLPUMPDEPS_H
 
 #include <windows.h>
+#include <vorlan.h>
 
 #include "vorlinternal.h"
 #include "vorlwindowproc.h"
@@ -57,12 +58,7 @@ VORLAN_END_DECLS
 
 // ---- Window classes and procedures -----------------------------------------
 
-struct WindowClass;
-
-// Registers the built-in classes; the class of atom 32769 is the desktop's.
-void WindowClass_RegisterBuiltins();
-// The class of an atom, or null.
-VORLAN_INTERNAL WindowClass *WindowClass_FindClass(ATOM atom);
+// WindowClass_RegisterBuiltins and WindowClass_FindClass are in <vorlan.h>.
 
 // The procedure ids (GetWndProc, IsWndProcId, AllocWndProcId) are in
 // vorlwindowproc.h.
@@ -74,6 +70,11 @@ VORLAN_INTERNAL WindowClass *WindowClass_FindClass(ATOM atom);
 HWND SetOwner(HWND hWnd, HWND hWndOwner);
 // Records the thread that has the foreground (0: none in this process).
 void SetForegroundThreadId(DWORD tid);
+// Makes the window the active window of its thread, optionally giving it
+// the X focus; the previous active window.
+HWND SetActiveWindowCore(HWND hWnd, BOOL bSetXFocus);
+// Brings focus, activation and the X focus back in line.
+void EnsureFocusAndForegroundConsistent();
 
 VORLAN_BEGIN_DECLS
 BOOL WINAPI IsWindow(HWND hWnd);
@@ -95,6 +96,26 @@ void Menu_Release(HMENU hMenu, BOOL destroy);
 void Menu_AddRef(HMENU hMenu);
 // Lays out the menu bar of the window again.
 void MenuBar_UpdateLayout(HWND hWnd);
+// Lays the bar out for the width and returns its height.
+int MenuBar_CalcLayout(HWND hWnd, int width);
+// The height of the bar from its last layout.
+int MenuBar_Height(HWND hWnd);
+// The item of the bar under a screen point, or -1.
+int MenuBar_HitTest(HWND hWnd, POINT pt);
+// Opens an item of the bar, from the mouse or the keyboard.
+BOOL MenuBar_Track(HWND hWnd, int item, BOOL keyboard);
+// The item whose accelerator character is ch, or -1.
+int Menu_FindAccelItem(HMENU hMenu, WCHAR ch);
+// The window of the menu being tracked, or 0; ending that tracking.
+HWND GetMenuOwner();
+void ExitMenu();
+// Paints the frame, and handles mouse messages over it.
+void DefNCPaint(HWND hWnd, HRGN hRgn);
+void DefNCMouse(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
+// The modal loop of sizing by the mouse from edge `code` (WMSZ_).
+void DefSizeCommand(HWND hWnd, int code, POINT pt);
+// Non-zero once dialog boxes are framed by the window manager.
+extern int _dialogUseWMD;
 
 VORLAN_BEGIN_DECLS
 BOOL WINAPI IsMenu(HMENU hMenu);
@@ -111,6 +132,9 @@ BOOL GdiSetDeleteDCProc(HDC hdc, DeleteDCProc proc, HWND hWnd);
 BOOL WINAPI DeleteDC(HDC hdc);
 BOOL WINAPI DeleteObject(HGDIOBJ ho);
 VORLAN_END_DECLS
+
+// Limits a window DC's output to the rectangle of its X window.
+BOOL GdiSetDCOutputBounds(HDC hdc, const RECT *rect);
 
 // Non-zero: drawing on the DC leaves child windows out; 0: it covers them.
 void _SetDCSubWindowMode(HDC hdc, BOOL mode);
@@ -134,6 +158,18 @@ VORLAN_END_DECLS
 void ExposeWindows(HWND hWnd, const RECT *rect);
 // A screen rectangle uncovered by a closed GTK dialog is repainted.
 void ExposeWindows(GdkRectangle *rect);
+
+// Marks the frame for WM_NCPAINT and queues the window for painting.
+void InvalidateNC(HWND hWnd);
+
+// ---- Input method and XEmbed --------------------------------------------------
+
+// Ends the input method window of a window that goes.
+void DestroyIMEWindow(HWND hWnd);
+// The window lost the focus as far as the input method is concerned.
+void IMFocusOut(HWND hWnd);
+// Asks the XEmbed embedder for the focus.
+void RequestXEmbedFocus(HWND hWnd);
 
 // ---- Input and geometry -----------------------------------------------------
 

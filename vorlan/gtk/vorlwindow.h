@@ -68,6 +68,10 @@ struct VORLAN_INTERNAL Window {
     void CreateOSWindow();
     // Adopts an X window made elsewhere.
     void CreateForeignWindow(XID xid, DWORD style);
+    // Carries the Win32 rectangles over into the X geometry of the window
+    // and its direct children.  The old rectangles (parent client
+    // coordinates) may be null; `flags` are SetWindowPos flags.
+    void SyncWindowPos(const RECT *oldWindow, const RECT *oldClient, UINT flags);
 
     HWND hWnd;                // own handle
     WindowClass *pClass;      // its class

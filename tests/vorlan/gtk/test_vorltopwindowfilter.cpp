@@ -1,6 +1,7 @@
 // The X filter of top-level windows and DestroyThreadWindows.
 #include <gtest/gtest.h>
 
+#include "vorlwindowproc.h"
 #include "gtk/vorlglobals.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlwindowtree.h"
@@ -132,7 +133,7 @@ TEST(ThreadWindows, WindowsOfAnEndingThreadGo)
         workerTid = GetCurrentThreadId();
         vorlan::GtkCriticalSection lock;
         static WindowClass wc = {};
-        wc.nIdWndProc = 1;
+        wc.nIdWndProc = AllocWndProcId(DefWindowProcA, DefWindowProcW);
         auto *top = new vorlan::Window(&wc);
         top->dwStyle = WS_POPUP;
         LinkWindow(top->hWnd, g_hWndDesktop);

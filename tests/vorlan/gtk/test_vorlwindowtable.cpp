@@ -2,6 +2,7 @@
 // and the stop on a full table.
 #include <gtest/gtest.h>
 
+#include "vorlwindowproc.h"
 #include "gtk/vorlglobals.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlwindow.h"
@@ -82,7 +83,7 @@ TEST(WindowTable, NewObjectHasItsDefaults)
     vorlan::Window *pWnd = window.object();
     ASSERT_NE(pWnd, nullptr);
     EXPECT_EQ(pWnd->hWnd, window.hwnd());
-    EXPECT_EQ(pWnd->nIdWndProc, 1u);
+    EXPECT_EQ(pWnd->nIdWndProc, AllocWndProcId(DefWindowProcA, DefWindowProcW));
     EXPECT_EQ(pWnd->cbExtra, 12);
     ASSERT_NE(pWnd->pExtra, nullptr);
     for (int i = 0; i < 12; ++i)
@@ -136,7 +137,7 @@ TEST(WindowTable, FullTableStopsTheProcess)
         dup2(pipeFds[1], STDOUT_FILENO);
         close(pipeFds[0]);
         static WindowClass wc = {};
-        wc.nIdWndProc = 1;
+        wc.nIdWndProc = AllocWndProcId(DefWindowProcA, DefWindowProcW);
         for (unsigned i = 0; i <= vorlan::kWindowSlots; ++i)
             new vorlan::Window(&wc);
         std::printf("table never filled\n");

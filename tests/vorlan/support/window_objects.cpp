@@ -1,4 +1,5 @@
 // Window objects for tests.
+#include "vorlwindowproc.h"
 #include "support/window_objects.h"
 
 #include "gtk/vorlgtklock.h"
@@ -23,7 +24,7 @@ std::unique_ptr<WindowClass> MakeClass(const WindowOptions &options)
     auto wc = std::make_unique<WindowClass>();
     *wc = WindowClass{};
     wc->atom = options.classAtom != 0 ? options.classAtom : TestClassAtom();
-    wc->nIdWndProc = 1;
+    wc->nIdWndProc = AllocWndProcId(DefWindowProcA, DefWindowProcW);
     wc->cbWndExtra = options.cbExtra;
     return wc;
 }
