@@ -198,8 +198,10 @@ bool ResolveParent(const CREATESTRUCTW &cs, HWND *parent, HWND *owner)
 HWND CreateWindowCore(CreateArguments &args)
 {
     CREATESTRUCTW &cs = args.cs;
-    VORLAN_ASSERT("vorlan/gtk/vorlcreatewindow", cs.x != CW_USEDEFAULT && cs.y != CW_USEDEFAULT);
-    VORLAN_ASSERT("vorlan/gtk/vorlcreatewindow", cs.cx != CW_USEDEFAULT && cs.cy != CW_USEDEFAULT);
+    // Default positions and sizes are not offered: callers give real ones.
+    const int x = cs.x, y = cs.y, nWidth = cs.cx, nHeight = cs.cy;
+    VORLAN_ASSERT("vorlan/gtk/vorlcreatewindow", x != CW_USEDEFAULT && y != CW_USEDEFAULT);
+    VORLAN_ASSERT("vorlan/gtk/vorlcreatewindow", nWidth != CW_USEDEFAULT && nHeight != CW_USEDEFAULT);
     cs.cx = std::max(0, cs.cx);
     cs.cy = std::max(0, cs.cy);
     if (cs.lpszClass == nullptr)

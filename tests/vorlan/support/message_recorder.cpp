@@ -1,0 +1,154 @@
+// Recording window procedures for message order tests.
+#include "support/message_recorder.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace vorlan_test {
+
+namespace {
+
+// One recorder per class; the procedure finds it through this list.
+std::vector<std::pair<ATOM, MessageRecorder *>> &Recorders()
+{
+    static std::vector<std::pair<ATOM, MessageRecorder *>> recorders;
+    return recorders;
+}
+
+MessageRecorder *RecorderOf(HWND hwnd)
+{
+    const ATOM atom = static_cast<ATOM>(GetClassLongW(hwnd, GCW_ATOM));
+    for (auto &entry : Recorders()) {
+        if (entry.first == atom)
+            return entry.second;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+MessageRecorder::MessageRecorder(const char *className, bool wide, UINT classStyle)
+    : m_className(className), m_wideName(m_className.begin(), m_className.end()), m_wide(wide)
+{
+    ATOM atom;
+    if (wide) {
+        WNDCLASSW wc = {};
+        wc.style = classStyle;
+        wc.lpfnWndProc = ProcedureW;
+        wc.lpszClassName = wideClassName();
+        atom = RegisterClassW(&wc);
+    } else {
+        WNDCLASSA wc = {};
+        wc.style = classStyle;
+        wc.lpfnWndProc = ProcedureA;
+        wc.lpszClassName = className;
+        atom = RegisterClassA(&wc);
+    }
+    Recorders().push_back({atom, this});
+}
+
+MessageRecorder::~MessageRecorder()
+{
+    // Windows of the class that the test left behind go first.
+    const ATOM atom = static_cast<ATOM>(FindAtomA(m_className.c_str()));
+    for (HWND hwnd : m_created) {
+        if (IsWindow(hwnd) && static_cast<ATOM>(GetClassLongW(hwnd, GCW_ATOM)) == atom)
+            DestroyWindow(hwnd);
+    }
+    UnregisterClassA(m_className.c_str(), nullptr);
+    auto &all = Recorders();
+    all.erase(std::remove_if(all.begin(), all.end(), [&](const auto &e) { return e.second == this; }), all.end());
+}
+
+HWND MessageRecorder::Create(DWORD style, int x, int y, int cx, int cy, HWND parent, DWORD exStyle, UINT_PTR id,
+                             const char16_t *title)
+{
+    const HWND hwnd = CreateWindowExW(exStyle, wideClassName(), reinterpret_cast<LPCWSTR>(title), style, x, y, cx,
+                                      cy, parent, reinterpret_cast<HMENU>(id), nullptr, nullptr);
+    if (hwnd != nullptr)
+        m_created.push_back(hwnd);
+    return hwnd;
+}
+
+void MessageRecorder::Answer(UINT message, std::function<LRESULT(HWND, WPARAM, LPARAM)> handler)
+{
+    m_handlers[message] = std::move(handler);
+}
+
+LRESULT MessageRecorder::Handle(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam, bool wide)
+{
+    m_messages.push_back({hwnd, message, wParam, lParam});
+    auto handler = m_handlers.find(message);
+    if (handler != m_handlers.end())
+        return handler->second(hwnd, wParam, lParam);
+    return wide ? DefWindowProcW(hwnd, message, wParam, lParam) : DefWindowProcA(hwnd, message, wParam, lParam);
+}
+
+LRESULT CALLBACK MessageRecorder::ProcedureW(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    MessageRecorder *recorder = RecorderOf(hwnd);
+    return recorder != nullptr ? recorder->Handle(hwnd, message, wParam, lParam, true)
+                               : DefWindowProcW(hwnd, message, wParam, lParam);
+}
+
+LRESULT CALLBACK MessageRecorder::ProcedureA(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    MessageRecorder *recorder = RecorderOf(hwnd);
+    return recorder != nullptr ? recorder->Handle(hwnd, message, wParam, lParam, false)
+                               : DefWindowProcA(hwnd, message, wParam, lParam);
+}
+
+std::vector<std::string> MessageRecorder::Sequence(const std::vector<HWND> &windows,
+                                                   const std::vector<UINT> &kinds) const
+{
+    std::vector<std::string> sequence;
+    for (const RecordedMessage &m : m_messages) {
+        if (!kinds.empty() && std::find(kinds.begin(), kinds.end(), m.message) == kinds.end())
+            continue;
+        auto it = std::find(windows.begin(), windows.end(), m.hwnd);
+        const std::string who = it != windows.end() ? std::to_string(it - windows.begin()) : "?";
+        sequence.push_back(who + ":" + MessageName(m.message));
+    }
+    return sequence;
+}
+
+std::vector<RecordedMessage> MessageRecorder::Of(HWND hwnd, UINT message) const
+{
+    std::vector<RecordedMessage> result;
+    for (const RecordedMessage &m : m_messages) {
+        if (m.hwnd == hwnd && m.message == message)
+            result.push_back(m);
+    }
+    return result;
+}
+
+std::string MessageName(UINT message)
+{
+    switch (message) {
+    case WM_NCCREATE: return "NCCREATE";
+    case WM_NCCALCSIZE: return "NCCALCSIZE";
+    case WM_CREATE: return "CREATE";
+    case WM_SIZE: return "SIZE";
+    case WM_MOVE: return "MOVE";
+    case WM_PARENTNOTIFY: return "PARENTNOTIFY";
+    case WM_SHOWWINDOW: return "SHOWWINDOW";
+    case WM_DESTROY: return "DESTROY";
+    case WM_NCDESTROY: return "NCDESTROY";
+    case WM_WINDOWPOSCHANGING: return "POSCHANGING";
+    case WM_WINDOWPOSCHANGED: return "POSCHANGED";
+    case WM_GETMINMAXINFO: return "GETMINMAXINFO";
+    case WM_SETTEXT: return "SETTEXT";
+    case WM_GETTEXT: return "GETTEXT";
+    case WM_GETTEXTLENGTH: return "GETTEXTLENGTH";
+    case WM_CLOSE: return "CLOSE";
+    case WM_CONTEXTMENU: return "CONTEXTMENU";
+    case WM_HELP: return "HELP";
+    default: {
+        char text[16];
+        std::snprintf(text, sizeof text, "0x%04x", message);
+        return text;
+    }
+    }
+}
+
+} // namespace vorlan_test
