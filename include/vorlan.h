@@ -60,5 +60,22 @@ VORLANAPI void WindowClass_RegisterBuiltins(void);
 struct WindowClass;
 VORLANAPI struct WindowClass *WindowClass_FindClass(ATOM atom);
 
+/* What a FindWindowFromPointEx filter answers for one candidate window. */
+#define FILTER_DESCEND_OR_TAKE 0 /* search its children; if none fits, take it */
+#define FILTER_TAKE 1            /* take it without looking further */
+#define FILTER_DESCEND_ONLY 2    /* search its children; if none fits, go on with its siblings */
+#define FILTER_SKIP 3            /* skip it and its children */
+typedef int FILTER_CODE;
+
+/* Asked for each candidate window `hWnd` under the point, found below
+ * `hWndParent`; `pt` is in screen coordinates and lParam is 0. */
+typedef FILTER_CODE (*FINDWINDOWFILTER)(HWND hWnd, HWND hWndParent, POINT pt, LPARAM lParam);
+
+/* The window under the screen point `pt` inside the client area of hWnd,
+ * as the filter chooses; 0 when none is taken.  Below the desktop and
+ * foreign windows the X server tells which window lies under the point,
+ * so windows of other X clients hide the library's windows. */
+VORLANAPI HWND FindWindowFromPointEx(HWND hWnd, POINT pt, FINDWINDOWFILTER filter);
+
 #endif /* RC_INVOKED */
 #endif /* VORLAN_VORLAN_H */

@@ -132,8 +132,6 @@ BOOL WINAPI ReleaseCapture(void) { return FALSE; }
 
 void EnsureFocusAndForegroundConsistent() {}
 
-BOOL WINAPI EnumWindows(WNDENUMPROC, LPARAM) { return TRUE; }
-
 // ---- Painting -------------------------------------------------------------------
 //
 // Nothing is invalidated or painted yet.

@@ -8,6 +8,8 @@ void vorlan_h_in_c(void)
 {
     void (*callback)(void) = QRTInitedCallback;
     HWND (*lookup)(unsigned long) = GetWindowHandleFromXID;
+    HWND (*search)(HWND, POINT, FINDWINDOWFILTER) = FindWindowFromPointEx;
     (void)callback;
     (void)lookup;
+    (void)search;
 }
