@@ -1,0 +1,430 @@
+// Window position and Z-order: the messages SetWindowPos sends, what it
+// leaves in the window's rectangles, and what X shows afterwards, read
+// through Xlib on the library's connection and on a connection of our own.
+#include <gtest/gtest.h>
+
+#include "gtk/vorlgtklock.h"
+#include "gtk/vorlwindow.h"
+#include "gtk/vorlxwindow.h"
+#include "support/gtk_helpers.h"
+#include "support/message_recorder.h"
+
+#include <gdk/gdkx.h>
+#include <X11/Xlib.h>
+
+#include <algorithm>
+#include <vector>
+
+using vorlan_test::MessageRecorder;
+using Seq = std::vector<std::string>;
+
+namespace {
+
+const std::vector<UINT> kPositionMessages = {WM_WINDOWPOSCHANGING, WM_NCCALCSIZE, WM_WINDOWPOSCHANGED, WM_MOVE,
+                                             WM_SIZE};
+
+XID XidOf(HWND hwnd)
+{
+    vorlan::GtkCriticalSection lock;
+    GdkWindow *window = GetGdkWindow(hwnd);
+    return window != nullptr ? GDK_WINDOW_XID(window) : 0;
+}
+
+// The X window's rectangle relative to its X parent.
+RECT XGeometry(XID xid)
+{
+    vorlan::GtkCriticalSection lock;
+    ::Window root;
+    int x = 0, y = 0;
+    unsigned width = 0, height = 0, border = 0, depth = 0;
+    XGetGeometry(vorlan_test::XDisplay(), xid, &root, &x, &y, &width, &height, &border, &depth);
+    return RECT{x, y, x + int(width), y + int(height)};
+}
+
+// The X window's rectangle on the screen.
+RECT XScreenRect(XID xid)
+{
+    const RECT local = XGeometry(xid);
+    vorlan::GtkCriticalSection lock;
+    Display *display = vorlan_test::XDisplay();
+    int x = 0, y = 0;
+    ::Window child;
+    XTranslateCoordinates(display, xid, DefaultRootWindow(display), 0, 0, &x, &y, &child);
+    return RECT{x, y, x + local.right - local.left, y + local.bottom - local.top};
+}
+
+// The X children of a window that are among `windows`, bottom first.
+std::vector<XID> XStacking(XID parent, const std::vector<XID> &windows)
+{
+    vorlan::GtkCriticalSection lock;
+    ::Window root, xparent, *children = nullptr;
+    unsigned count = 0;
+    XQueryTree(vorlan_test::XDisplay(), parent, &root, &xparent, &children, &count);
+    std::vector<XID> order;
+    for (unsigned i = 0; i < count; ++i)
+        if (std::find(windows.begin(), windows.end(), children[i]) != windows.end())
+            order.push_back(children[i]);
+    if (children != nullptr)
+        XFree(children);
+    return order;
+}
+
+// The window's children in list order.
+std::vector<HWND> ChildList(HWND parent)
+{
+    std::vector<HWND> list;
+    for (HWND child = GetWindow(parent, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+        list.push_back(child);
+    return list;
+}
+
+std::vector<XID> Xids(const std::vector<HWND> &windows)
+{
+    std::vector<XID> xids;
+    for (HWND hwnd : windows)
+        xids.push_back(XidOf(hwnd));
+    return xids;
+}
+
+::testing::AssertionResult SameRect(const RECT &actual, const RECT &expected)
+{
+    if (EqualRect(&actual, &expected))
+        return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure() << "(" << actual.left << "," << actual.top << ")-(" << actual.right << ","
+                                         << actual.bottom << ") instead of (" << expected.left << "," << expected.top
+                                         << ")-(" << expected.right << "," << expected.bottom << ")";
+}
+
+RECT WindowRect(HWND hwnd)
+{
+    RECT rect = {};
+    GetWindowRect(hwnd, &rect);
+    return rect;
+}
+
+// A connection of the test's own that hears structure events of one
+// window: what the X server did, whatever the library's connection thinks.
+class StructureWatch {
+public:
+    explicit StructureWatch(XID xid) : m_display(XOpenDisplay(nullptr)), m_xid(xid)
+    {
+        XSelectInput(m_display, xid, StructureNotifyMask);
+        XSync(m_display, False);
+    }
+    ~StructureWatch() { XCloseDisplay(m_display); }
+    StructureWatch(const StructureWatch &) = delete;
+    StructureWatch &operator=(const StructureWatch &) = delete;
+
+    // The types of the events that arrived so far.
+    std::vector<int> Events()
+    {
+        XSync(m_display, False);
+        std::vector<int> types;
+        while (XPending(m_display) > 0) {
+            XEvent event;
+            XNextEvent(m_display, &event);
+            if (event.xany.window == m_xid)
+                types.push_back(event.type);
+        }
+        return types;
+    }
+
+private:
+    Display *m_display;
+    XID m_xid;
+};
+
+void FlushLibraryConnection()
+{
+    vorlan::GtkCriticalSection lock;
+    XSync(vorlan_test::XDisplay(), False);
+}
+
+} // namespace
+
+TEST(WindowPositioning, PresentPositionSendsOnlyTheChangingMessage)
+{
+    MessageRecorder recorder("VorlanPosPresent");
+    const HWND top = recorder.Create(WS_POPUP, 50, 60, 200, 150);
+    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 10, 20, 30, 40, top);
+    recorder.Clear();
+    EXPECT_TRUE(SetWindowPos(child, nullptr, 10, 20, 30, 40, SWP_NOZORDER));
+    EXPECT_EQ(recorder.Sequence({child}, kPositionMessages), (Seq{"0:POSCHANGING"}));
+}
+
+TEST(WindowPositioning, ResizeSendsChangingCalcSizeChangedThenMoveAndSize)
+{
+    MessageRecorder recorder("VorlanPosResize");
+    const HWND top = recorder.Create(WS_POPUP, 50, 60, 200, 150);
+    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 10, 20, 30, 40, top);
+    WINDOWPOS changedPos = {};
+    recorder.Answer(WM_WINDOWPOSCHANGED, [&](HWND hwnd, WPARAM wParam, LPARAM lParam) {
+        changedPos = *reinterpret_cast<const WINDOWPOS *>(lParam);
+        return DefWindowProcW(hwnd, WM_WINDOWPOSCHANGED, wParam, lParam);
+    });
+    recorder.Clear();
+    EXPECT_TRUE(SetWindowPos(child, nullptr, 12, 24, 70, 45, SWP_NOZORDER));
+    EXPECT_EQ(recorder.Sequence({child}, kPositionMessages),
+              (Seq{"0:POSCHANGING", "0:NCCALCSIZE", "0:POSCHANGED", "0:MOVE", "0:SIZE"}));
+    EXPECT_EQ(recorder.Of(child, WM_SIZE)[0].lParam, MAKELPARAM(70, 45));
+    EXPECT_EQ(recorder.Of(child, WM_MOVE)[0].lParam, MAKELPARAM(12, 24));
+    EXPECT_TRUE(SameRect(WindowRect(child), RECT{62, 84, 132, 129}));
+    const auto changed = recorder.Of(child, WM_WINDOWPOSCHANGED);
+    ASSERT_EQ(changed.size(), 1u);
+    EXPECT_EQ(changedPos.x, 12);
+    EXPECT_EQ(changedPos.y, 24);
+    EXPECT_EQ(changedPos.cx, 70);
+    EXPECT_EQ(changedPos.cy, 45);
+
+    // A resize in place keeps the client's origin: no WM_MOVE.
+    recorder.Clear();
+    EXPECT_TRUE(SetWindowPos(child, nullptr, 0, 0, 60, 45, SWP_NOZORDER | SWP_NOMOVE));
+    EXPECT_EQ(recorder.Sequence({child}, kPositionMessages),
+              (Seq{"0:POSCHANGING", "0:NCCALCSIZE", "0:POSCHANGED", "0:SIZE"}));
+
+    // A move keeps the client's size: no WM_NCCALCSIZE, no WM_SIZE.
+    recorder.Clear();
+    EXPECT_TRUE(SetWindowPos(child, nullptr, 1, 2, 0, 0, SWP_NOZORDER | SWP_NOSIZE));
+    EXPECT_EQ(recorder.Sequence({child}, kPositionMessages), (Seq{"0:POSCHANGING", "0:POSCHANGED", "0:MOVE"}));
+}
+
+TEST(WindowPositioning, ChangingMessageSeesNoInsertAfterAndMayMoveTheWindowElsewhere)
+{
+    MessageRecorder recorder("VorlanPosChanging");
+    const HWND top = recorder.Create(WS_POPUP, 0, 0, 200, 150);
+    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 0, 0, 30, 40, top);
+    const HWND sibling = recorder.Create(WS_CHILD | WS_VISIBLE, 0, 0, 30, 40, top);
+    WINDOWPOS seen = {};
+    recorder.Answer(WM_WINDOWPOSCHANGING, [&](HWND, WPARAM, LPARAM lParam) {
+        auto *pos = reinterpret_cast<WINDOWPOS *>(lParam);
+        seen = *pos;
+        pos->x = 33;
+        pos->cx = 11;
+        return LRESULT(0);
+    });
+    EXPECT_TRUE(SetWindowPos(child, sibling, 5, 6, 7, 8, 0));
+    EXPECT_EQ(seen.hwnd, child);
+    EXPECT_EQ(seen.hwndInsertAfter, nullptr);
+    EXPECT_EQ(seen.x, 5);
+    EXPECT_EQ(seen.cy, 8);
+    RECT rect = WindowRect(child);
+    MapWindowPoints(nullptr, top, reinterpret_cast<POINT *>(&rect), 2);
+    EXPECT_TRUE(SameRect(rect, RECT{33, 6, 44, 14}));
+    EXPECT_TRUE(SameRect(XGeometry(XidOf(child)), RECT{33, 6, 44, 14}));
+}
+
+TEST(WindowPositioning, MovingAParentCarriesItsChildrenAlong)
+{
+    MessageRecorder recorder("VorlanPosCarry");
+    const HWND top = recorder.Create(WS_POPUP, 100, 100, 200, 150);
+    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 10, 10, 100, 100, top);
+    const HWND grandchild = recorder.Create(WS_CHILD | WS_VISIBLE, 5, 5, 20, 20, child);
+    MoveWindow(top, 150, 130, 200, 150, FALSE);
+    EXPECT_TRUE(SameRect(WindowRect(child), RECT{160, 140, 260, 240}));
+    EXPECT_TRUE(SameRect(WindowRect(grandchild), RECT{165, 145, 185, 165}));
+    POINT origin = {0, 0};
+    ClientToScreen(grandchild, &origin);
+    EXPECT_EQ(origin.x, 165);
+    EXPECT_EQ(origin.y, 145);
+    // X keeps children relative to their parents.
+    EXPECT_TRUE(SameRect(XGeometry(XidOf(grandchild)), RECT{5, 5, 25, 25}));
+}
+
+TEST(WindowPositioning, NegativeSizesCountAsEmpty)
+{
+    MessageRecorder recorder("VorlanPosNegative");
+    const HWND top = recorder.Create(WS_POPUP, 0, 0, 200, 150);
+    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 10, 10, 30, 30, top);
+    EXPECT_TRUE(SetWindowPos(child, nullptr, 10, 10, -5, -7, SWP_NOZORDER));
+    EXPECT_TRUE(SameRect(WindowRect(child), RECT{10, 10, 10, 10}));
+    RECT client = {1, 1, 1, 1};
+    EXPECT_TRUE(GetClientRect(child, &client));
+    EXPECT_TRUE(SameRect(client, RECT{0, 0, 0, 0}));
+    const RECT x = XGeometry(XidOf(child));
+    EXPECT_GE(x.right - x.left, 1);
+    EXPECT_GE(x.bottom - x.top, 1);
+}
+
+TEST(WindowPositioning, DesktopAndDeadWindowsAreRefused)
+{
+    SetLastError(0);
+    EXPECT_FALSE(SetWindowPos(GetDesktopWindow(), nullptr, 0, 0, 10, 10, SWP_NOZORDER));
+    EXPECT_EQ(GetLastError(), 0u);
+    const HWND bad = vorlan_test::FakeHwnd(60001);
+    EXPECT_FALSE(SetWindowPos(bad, nullptr, 0, 0, 10, 10, 0));
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    RECT rect;
+    POINT point = {};
+    SetLastError(0);
+    EXPECT_FALSE(GetWindowRect(bad, &rect));
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_FALSE(GetClientRect(bad, &rect));
+    EXPECT_FALSE(ClientToScreen(bad, &point));
+    EXPECT_FALSE(ScreenToClient(bad, &point));
+    EXPECT_EQ(MapWindowPoints(bad, nullptr, &point, 1), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_FALSE(GetWindowPlacement(bad, nullptr));
+    EXPECT_FALSE(MoveWindow(bad, 0, 0, 1, 1, TRUE));
+    EXPECT_FALSE(BringWindowToTop(bad));
+}
+
+TEST(WindowPositioning, MapWindowPointsPacksTheOffsetAndLeavesSameEndsAlone)
+{
+    MessageRecorder recorder("VorlanPosMap");
+    const HWND top = recorder.Create(WS_POPUP, 100, 50, 200, 150);
+    const HWND child = recorder.Create(WS_CHILD, 10, 20, 30, 30, top);
+    POINT points[2] = {{1, 2}, {3, 4}};
+    const int packed = MapWindowPoints(child, nullptr, points, 2);
+    EXPECT_EQ(LOWORD(packed), 110);
+    EXPECT_EQ(HIWORD(packed), 70);
+    EXPECT_EQ(points[1].x, 113);
+    EXPECT_EQ(points[1].y, 74);
+    const int back = MapWindowPoints(GetDesktopWindow(), child, points, 2);
+    EXPECT_EQ(short(LOWORD(back)), -110);
+    EXPECT_EQ(short(HIWORD(back)), -70);
+    EXPECT_EQ(points[0].x, 1);
+    EXPECT_EQ(MapWindowPoints(child, child, points, 2), 0);
+    EXPECT_EQ(points[0].y, 2);
+}
+
+TEST(WindowPositioning, PlacementReportsShowStateAndScreenRectangle)
+{
+    MessageRecorder recorder("VorlanPosPlacement");
+    const HWND hwnd = recorder.Create(WS_POPUP | WS_MAXIMIZE, 7, 8, 20, 30);
+    WINDOWPLACEMENT placement = {};
+    placement.length = sizeof placement;
+    placement.ptMinPosition.x = 1234;
+    EXPECT_TRUE(GetWindowPlacement(hwnd, &placement));
+    EXPECT_EQ(placement.showCmd, UINT(SW_SHOWMAXIMIZED));
+    EXPECT_EQ(placement.flags, 0u);
+    EXPECT_TRUE(SameRect(placement.rcNormalPosition, RECT{7, 8, 27, 38}));
+    EXPECT_EQ(placement.ptMinPosition.x, 1234);
+    EXPECT_TRUE(IsZoomed(hwnd));
+    EXPECT_FALSE(IsIconic(hwnd));
+    SetLastError(0);
+    EXPECT_FALSE(GetWindowPlacement(hwnd, nullptr));
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+}
+
+TEST(WindowPositioning, HiddenTopLevelWindowGetsItsXGeometryWhenShown)
+{
+    MessageRecorder recorder("VorlanPosHidden");
+    const HWND hwnd = recorder.Create(WS_POPUP, 20, 30, 100, 80);
+    const XID xid = XidOf(hwnd);
+    const RECT before = XGeometry(xid);
+    StructureWatch watch(xid);
+    MoveWindow(hwnd, 40, 50, 110, 90, FALSE);
+    MoveWindow(hwnd, 60, 70, 120, 100, FALSE);
+    MoveWindow(hwnd, 80, 90, 130, 110, FALSE);
+    FlushLibraryConnection();
+    EXPECT_TRUE(watch.Events().empty());
+    EXPECT_TRUE(SameRect(XGeometry(xid), before));
+    ShowWindow(hwnd, SW_SHOWNA);
+    EXPECT_TRUE(vorlan_test::PumpUntil([&] {
+        const RECT x = XScreenRect(xid);
+        const RECT window = WindowRect(hwnd);
+        return EqualRect(&x, &window) != FALSE;
+    })) << SameRect(XScreenRect(xid), WindowRect(hwnd)).message();
+    EXPECT_TRUE(SameRect(WindowRect(hwnd), RECT{80, 90, 210, 200}));
+}
+
+TEST(WindowPositioning, ChildCrossingItsParentsLeftEdgeIsRemappedInX)
+{
+    MessageRecorder recorder("VorlanPosCrossing");
+    const HWND top = recorder.Create(WS_POPUP | WS_VISIBLE, 0, 0, 200, 150);
+    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 10, 10, 50, 50, top);
+    FlushLibraryConnection();
+    StructureWatch watch(XidOf(child));
+    MoveWindow(child, 20, 15, 50, 50, FALSE);
+    FlushLibraryConnection();
+    const std::vector<int> plainMove = watch.Events();
+    EXPECT_EQ(plainMove, (std::vector<int>{ConfigureNotify}));
+    MoveWindow(child, -10, 15, 50, 50, FALSE);
+    FlushLibraryConnection();
+    const std::vector<int> crossing = watch.Events();
+    EXPECT_EQ(crossing, (std::vector<int>{UnmapNotify, ConfigureNotify, MapNotify}));
+    // The X window is cut at the parent's client edge.
+    EXPECT_TRUE(SameRect(XGeometry(XidOf(child)), RECT{0, 15, 40, 65}));
+}
+
+TEST(WindowPositioning, DecoratedWindowsXWindowIsItsClientPart)
+{
+    MessageRecorder recorder("VorlanPosDecorated");
+    const HWND hwnd = recorder.Create(WS_OVERLAPPEDWINDOW, 100, 120, 300, 200);
+    ShowWindow(hwnd, SW_SHOWNA);
+    const XID xid = XidOf(hwnd);
+    RECT client = {};
+    auto clientOnScreen = [&] {
+        GetClientRect(hwnd, &client);
+        MapWindowPoints(hwnd, nullptr, reinterpret_cast<POINT *>(&client), 2);
+        return client;
+    };
+    EXPECT_TRUE(vorlan_test::PumpUntil([&] {
+        const RECT onScreen = clientOnScreen();
+        const RECT x = XScreenRect(xid);
+        return EqualRect(&x, &onScreen) != FALSE;
+    })) << SameRect(XScreenRect(xid), clientOnScreen()).message();
+    const RECT window = WindowRect(hwnd);
+    const int frameX = GetSystemMetrics(SM_CXFRAME);
+    const int frameY = GetSystemMetrics(SM_CYFRAME);
+    const int caption = GetSystemMetrics(SM_CYCAPTION);
+    EXPECT_EQ(client.left - window.left, frameX);
+    EXPECT_EQ(client.top - window.top, frameY + caption);
+    EXPECT_EQ(window.right - client.right, frameX);
+    EXPECT_EQ(window.bottom - client.bottom, frameY);
+
+    // The window manager moves it: the configure event reports the frame.
+    recorder.Clear();
+    {
+        vorlan::GtkCriticalSection lock;
+        XMoveWindow(vorlan_test::XDisplay(), xid, 250, 260);
+        XFlush(vorlan_test::XDisplay());
+    }
+    EXPECT_TRUE(vorlan_test::PumpUntil([&] { return recorder.Saw(hwnd, WM_WINDOWPOSCHANGED); }));
+    EXPECT_TRUE(vorlan_test::PumpUntil([&] {
+        const RECT onScreen = clientOnScreen();
+        const RECT x = XScreenRect(xid);
+        return EqualRect(&x, &onScreen) != FALSE;
+    })) << SameRect(XScreenRect(xid), clientOnScreen()).message();
+    const RECT moved = WindowRect(hwnd);
+    EXPECT_EQ(client.left - moved.left, frameX);
+    EXPECT_EQ(client.top - moved.top, frameY + caption);
+    EXPECT_FALSE(recorder.Saw(hwnd, WM_WINDOWPOSCHANGING));
+}
+
+TEST(WindowZOrder, ChildListFollowsXStackingForEveryInsertAfter)
+{
+    MessageRecorder recorder("VorlanZOrderChildren");
+    const HWND top = recorder.Create(WS_POPUP | WS_VISIBLE, 0, 0, 200, 150);
+    const HWND a = recorder.Create(WS_CHILD | WS_VISIBLE, 0, 0, 50, 50, top);
+    const HWND b = recorder.Create(WS_CHILD | WS_VISIBLE, 10, 10, 50, 50, top);
+    const HWND c = recorder.Create(WS_CHILD | WS_VISIBLE, 20, 20, 50, 50, top);
+    const XID parentXid = XidOf(top);
+    const std::vector<XID> all = Xids({a, b, c});
+    EXPECT_EQ(ChildList(top), (std::vector<HWND>{a, b, c}));
+    EXPECT_EQ(XStacking(parentXid, all), Xids({a, b, c}));
+
+    // HWND_TOP puts the child first in the list and lowest in X.
+    SetWindowPos(c, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    EXPECT_EQ(ChildList(top), (std::vector<HWND>{c, a, b}));
+    EXPECT_EQ(XStacking(parentXid, all), Xids({c, a, b}));
+
+    SetWindowPos(c, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    EXPECT_EQ(ChildList(top), (std::vector<HWND>{a, b, c}));
+    EXPECT_EQ(XStacking(parentXid, all), Xids({a, b, c}));
+
+    SetWindowPos(a, b, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    EXPECT_EQ(ChildList(top), (std::vector<HWND>{b, a, c}));
+    EXPECT_EQ(XStacking(parentXid, all), Xids({b, a, c}));
+
+    // BringWindowToTop and a move without SWP_NOZORDER mean HWND_TOP.
+    BringWindowToTop(c);
+    EXPECT_EQ(ChildList(top), (std::vector<HWND>{c, b, a}));
+    SetWindowPos(a, nullptr, 1, 1, 50, 50, 0);
+    EXPECT_EQ(ChildList(top), (std::vector<HWND>{a, c, b}));
+    EXPECT_EQ(XStacking(parentXid, all), Xids({a, c, b}));
+
+    // SWP_NOZORDER leaves both alone.
+    SetWindowPos(b, HWND_TOP, 2, 2, 50, 50, SWP_NOZORDER);
+    EXPECT_EQ(ChildList(top), (std::vector<HWND>{a, c, b}));
+}

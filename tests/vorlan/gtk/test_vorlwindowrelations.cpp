@@ -1,0 +1,344 @@
+// The window tree as the exports report it and change it: parents, owners,
+// siblings, ancestors, SetParent in the objects and in X, window text with
+// its X title, and the hints the window manager reads.
+#include <gtest/gtest.h>
+
+#include "gtk/vorlgtklock.h"
+#include "gtk/vorlxwindow.h"
+#include "support/gtk_helpers.h"
+#include "support/message_recorder.h"
+
+#include <gdk/gdkx.h>
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+
+#include <cstring>
+#include <string>
+#include <thread>
+#include <vector>
+
+using vorlan_test::MessageRecorder;
+
+namespace {
+
+XID XidOf(HWND hwnd)
+{
+    vorlan::GtkCriticalSection lock;
+    GdkWindow *window = GetGdkWindow(hwnd);
+    return window != nullptr ? GDK_WINDOW_XID(window) : 0;
+}
+
+XID XParentOf(XID xid)
+{
+    vorlan::GtkCriticalSection lock;
+    ::Window root, parent = 0, *children = nullptr;
+    unsigned count = 0;
+    XQueryTree(vorlan_test::XDisplay(), xid, &root, &parent, &children, &count);
+    if (children != nullptr)
+        XFree(children);
+    return parent;
+}
+
+// The raw items of a property of the window (bytes, or longs widened to
+// the platform's long as Xlib gives them).
+std::vector<unsigned char> XProperty(XID xid, const char *name, Atom *type = nullptr, int *format = nullptr,
+                                     unsigned long *items = nullptr)
+{
+    vorlan::GtkCriticalSection lock;
+    Display *display = vorlan_test::XDisplay();
+    Atom actualType = None;
+    int actualFormat = 0;
+    unsigned long count = 0, after = 0;
+    unsigned char *data = nullptr;
+    XGetWindowProperty(display, xid, XInternAtom(display, name, False), 0, 1024, False, AnyPropertyType, &actualType,
+                       &actualFormat, &count, &after, &data);
+    std::vector<unsigned char> bytes;
+    if (data != nullptr) {
+        const size_t unit = actualFormat == 8 ? 1 : actualFormat == 16 ? sizeof(short) : sizeof(long);
+        bytes.assign(data, data + count * unit);
+        XFree(data);
+    }
+    if (type != nullptr)
+        *type = actualType;
+    if (format != nullptr)
+        *format = actualFormat;
+    if (items != nullptr)
+        *items = count;
+    return bytes;
+}
+
+bool HasNetWmState(XID xid, const char *state)
+{
+    unsigned long items = 0;
+    const std::vector<unsigned char> data = XProperty(xid, "_NET_WM_STATE", nullptr, nullptr, &items);
+    vorlan::GtkCriticalSection lock;
+    const Atom wanted = XInternAtom(vorlan_test::XDisplay(), state, False);
+    for (unsigned long i = 0; i < items; ++i) {
+        long atom = 0;
+        std::memcpy(&atom, data.data() + i * sizeof(long), sizeof(long));
+        if (Atom(atom) == wanted)
+            return true;
+    }
+    return false;
+}
+
+RECT WindowRect(HWND hwnd)
+{
+    RECT rect = {};
+    GetWindowRect(hwnd, &rect);
+    return rect;
+}
+
+LPCWSTR W(const char16_t *text) { return reinterpret_cast<LPCWSTR>(text); }
+
+} // namespace
+
+TEST(WindowTreeQueries, ParentOwnerAndAncestorsFollowTheStyle)
+{
+    MessageRecorder recorder("VorlanTreeAncestors");
+    const HWND top = recorder.Create(WS_POPUP, 0, 0, 100, 100);
+    const HWND child = recorder.Create(WS_CHILD, 0, 0, 50, 50, top);
+    const HWND grandchild = recorder.Create(WS_CHILD, 0, 0, 20, 20, child);
+    const HWND owned = recorder.Create(WS_POPUP, 0, 0, 20, 20, top);
+    const HWND ownedByOwned = recorder.Create(WS_POPUP, 0, 0, 20, 20, owned);
+    const HWND overlapped = recorder.Create(WS_OVERLAPPED, 0, 0, 20, 20);
+    const HWND desktop = GetDesktopWindow();
+
+    EXPECT_EQ(GetParent(grandchild), child);
+    EXPECT_EQ(GetParent(owned), top);
+    EXPECT_EQ(GetParent(top), nullptr);
+    EXPECT_EQ(GetParent(overlapped), nullptr);
+
+    EXPECT_EQ(GetAncestor(grandchild, GA_PARENT), child);
+    EXPECT_EQ(GetAncestor(top, GA_PARENT), desktop);
+    EXPECT_EQ(GetAncestor(grandchild, GA_ROOT), top);
+    EXPECT_EQ(GetAncestor(top, GA_ROOT), top);
+    EXPECT_EQ(GetAncestor(grandchild, GA_ROOTOWNER), top);
+    // One step up the owners, not to the owner's root.
+    EXPECT_EQ(GetAncestor(ownedByOwned, GA_ROOTOWNER), owned);
+    EXPECT_EQ(GetAncestor(desktop, GA_PARENT), nullptr);
+    EXPECT_EQ(GetAncestor(desktop, GA_ROOT), nullptr);
+    SetLastError(0);
+    EXPECT_EQ(GetAncestor(child, 4), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    EXPECT_EQ(GetAncestor(vorlan_test::FakeHwnd(60002), GA_PARENT), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_EQ(GetParent(vorlan_test::FakeHwnd(60002)), nullptr);
+
+    EXPECT_TRUE(IsChild(top, grandchild));
+    EXPECT_TRUE(IsChild(child, grandchild));
+    EXPECT_FALSE(IsChild(grandchild, grandchild));
+    EXPECT_FALSE(IsChild(top, owned));
+    EXPECT_FALSE(IsChild(grandchild, top));
+    EXPECT_FALSE(IsChild(top, vorlan_test::FakeHwnd(60002)));
+}
+
+TEST(WindowTreeQueries, GetWindowWalksSiblingsOwnerAndChildren)
+{
+    MessageRecorder recorder("VorlanTreeGetWindow");
+    const HWND top = recorder.Create(WS_POPUP, 0, 0, 100, 100);
+    const HWND first = recorder.Create(WS_CHILD, 0, 0, 10, 10, top);
+    const HWND second = recorder.Create(WS_CHILD, 0, 0, 10, 10, top);
+    const HWND third = recorder.Create(WS_CHILD, 0, 0, 10, 10, top);
+    const HWND owned = recorder.Create(WS_POPUP, 0, 0, 10, 10, top);
+
+    EXPECT_EQ(GetWindow(top, GW_CHILD), first);
+    EXPECT_EQ(GetWindow(first, GW_HWNDNEXT), second);
+    EXPECT_EQ(GetWindow(third, GW_HWNDNEXT), nullptr);
+    EXPECT_EQ(GetWindow(third, GW_HWNDPREV), second);
+    EXPECT_EQ(GetWindow(first, GW_HWNDPREV), nullptr);
+    EXPECT_EQ(GetWindow(third, GW_HWNDFIRST), first);
+    EXPECT_EQ(GetWindow(second, GW_HWNDLAST), nullptr);
+    EXPECT_EQ(GetWindow(owned, GW_OWNER), top);
+    EXPECT_EQ(GetWindow(first, GW_OWNER), nullptr);
+    EXPECT_EQ(GetWindow(first, GW_CHILD), nullptr);
+    SetLastError(0);
+    EXPECT_EQ(GetWindow(first, 6), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    EXPECT_EQ(GetWindow(vorlan_test::FakeHwnd(60003), GW_CHILD), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+
+    // Among the desktop's children, next-sibling runs through FindWindowEx.
+    EXPECT_EQ(GetWindow(top, GW_HWNDNEXT), FindWindowExA(nullptr, top, nullptr, nullptr));
+}
+
+TEST(WindowTreeQueries, ThreadUnicodeAndVisibilityQueries)
+{
+    MessageRecorder wide("VorlanTreeWide", true);
+    MessageRecorder narrow("VorlanTreeNarrow", false);
+    const HWND w = wide.Create(WS_POPUP, 0, 0, 10, 10);
+    const HWND a = narrow.Create(WS_POPUP, 0, 0, 10, 10);
+    EXPECT_TRUE(IsWindowUnicode(w));
+    EXPECT_FALSE(IsWindowUnicode(a));
+
+    DWORD pid = 0;
+    EXPECT_EQ(GetWindowThreadProcessId(w, &pid), GetCurrentThreadId());
+    EXPECT_EQ(pid, 1u);
+    EXPECT_EQ(GetWindowThreadProcessId(w, nullptr), GetCurrentThreadId());
+    DWORD threadOfOther = 0;
+    HWND other = nullptr;
+    std::thread([&] {
+        other = CreateWindowExW(0, wide.wideClassName(), nullptr, WS_POPUP, 0, 0, 5, 5, nullptr, nullptr, nullptr,
+                                nullptr);
+        threadOfOther = GetCurrentThreadId();
+    }).join();
+    ASSERT_NE(other, nullptr);
+    EXPECT_EQ(GetWindowThreadProcessId(other, nullptr), threadOfOther);
+    pid = 77;
+    SetLastError(0);
+    EXPECT_EQ(GetWindowThreadProcessId(vorlan_test::FakeHwnd(60004), &pid), 0xFFFFFFFFu);
+    EXPECT_EQ(pid, 77u);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+
+    EXPECT_TRUE(IsWindowVisible(GetDesktopWindow()));
+    EXPECT_FALSE(IsWindowVisible(vorlan_test::FakeHwnd(60004)));
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(MessageBeep(MB_OK));
+    EXPECT_FALSE(AnimateWindow(w, 200, AW_BLEND));
+}
+
+TEST(WindowReparenting, ChildKeepsItsPlaceInTheClientAreaAndMovesInX)
+{
+    MessageRecorder recorder("VorlanReparent");
+    const HWND left = recorder.Create(WS_POPUP | WS_VISIBLE, 100, 100, 200, 200);
+    const HWND right = recorder.Create(WS_POPUP | WS_VISIBLE, 400, 150, 200, 200);
+    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 10, 20, 30, 40, left);
+    const HWND other = recorder.Create(WS_CHILD | WS_VISIBLE, 0, 0, 30, 40, right);
+
+    EXPECT_EQ(SetParent(child, right), left);
+    EXPECT_EQ(GetParent(child), right);
+    EXPECT_EQ(GetWindow(right, GW_CHILD), other);
+    EXPECT_EQ(GetWindow(other, GW_HWNDNEXT), child);
+    EXPECT_EQ(GetWindow(left, GW_CHILD), nullptr);
+    const RECT moved = WindowRect(child);
+    EXPECT_EQ(moved.left, 410);
+    EXPECT_EQ(moved.top, 170);
+    EXPECT_EQ(XParentOf(XidOf(child)), XidOf(right));
+
+    // Same parent again: nothing happens.
+    SetLastError(0);
+    EXPECT_EQ(SetParent(child, right), nullptr);
+    EXPECT_EQ(GetLastError(), 0u);
+    // Into itself or its own descendant: refused.
+    const HWND grandchild = recorder.Create(WS_CHILD, 0, 0, 5, 5, child);
+    EXPECT_EQ(SetParent(child, grandchild), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    EXPECT_EQ(SetParent(child, child), nullptr);
+    EXPECT_EQ(GetParent(child), right);
+
+    EXPECT_EQ(SetParent(child, vorlan_test::FakeHwnd(60005)), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_EQ(SetParent(GetDesktopWindow(), right), nullptr);
+
+    // To the desktop: the rectangle keeps its offset from the client
+    // origin, which is now the screen's.
+    EXPECT_EQ(SetParent(child, nullptr), right);
+    EXPECT_EQ(GetAncestor(child, GA_PARENT), GetDesktopWindow());
+    const RECT onDesktop = WindowRect(child);
+    EXPECT_EQ(onDesktop.left, 10);
+    EXPECT_EQ(onDesktop.top, 20);
+    vorlan::GtkCriticalSection lock;
+    EXPECT_EQ(XParentOf(XidOf(child)), DefaultRootWindow(vorlan_test::XDisplay()));
+}
+
+TEST(WindowText, WideAndAnsiTextRoundTripWithTruncationAndLengths)
+{
+    MessageRecorder recorder("VorlanTextRoundTrip");
+    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 10, 10);
+    EXPECT_TRUE(SetWindowTextW(hwnd, W(u"Grüße")));
+    EXPECT_EQ(GetWindowTextLengthW(hwnd), 5);
+    WCHAR wide[16] = {};
+    EXPECT_EQ(GetWindowTextW(hwnd, wide, 16), 5);
+    EXPECT_EQ(std::u16string(reinterpret_cast<const char16_t *>(wide)), u"Grüße");
+    EXPECT_EQ(GetWindowTextW(hwnd, wide, 3), 2);
+    EXPECT_EQ(wide[1], u'r');
+    EXPECT_EQ(wide[2], 0);
+
+    char narrow[16] = {};
+    const int ansiLength = GetWindowTextA(hwnd, narrow, 16);
+    EXPECT_EQ(ansiLength, int(std::strlen(narrow)));
+    EXPECT_EQ(narrow[0], 'G');
+    // Asked of a wide window, the ANSI length is an upper bound in bytes.
+    EXPECT_EQ(GetWindowTextLengthA(hwnd), 2 * 5);
+    EXPECT_GE(GetWindowTextLengthA(hwnd), ansiLength);
+    EXPECT_EQ(GetWindowTextA(hwnd, narrow, 2), 1);
+    EXPECT_STREQ(narrow, "G");
+
+    EXPECT_TRUE(SetWindowTextA(hwnd, "plain"));
+    EXPECT_EQ(GetWindowTextLengthW(hwnd), 5);
+    EXPECT_EQ(GetWindowTextW(hwnd, wide, 16), 5);
+    EXPECT_EQ(wide[4], u'n');
+
+    // Empty text: 0 and the buffer stays as it was.
+    EXPECT_TRUE(SetWindowTextW(hwnd, nullptr));
+    wide[0] = u'x';
+    EXPECT_EQ(GetWindowTextW(hwnd, wide, 16), 0);
+    EXPECT_EQ(wide[0], u'x');
+    EXPECT_EQ(GetWindowTextLengthW(hwnd), 0);
+}
+
+TEST(WindowText, TitleReachesXAndAProcedureMayRefuseText)
+{
+    MessageRecorder recorder("VorlanTextTitle");
+    const HWND hwnd = recorder.Create(WS_OVERLAPPEDWINDOW, 0, 0, 100, 100);
+    EXPECT_TRUE(SetWindowTextW(hwnd, W(u"Überschrift")));
+    Atom type = None;
+    const std::vector<unsigned char> name = XProperty(XidOf(hwnd), "_NET_WM_NAME", &type);
+    EXPECT_EQ(std::string(name.begin(), name.end()), "Überschrift");
+
+    recorder.Answer(WM_SETTEXT, [](HWND, WPARAM, LPARAM) { return LRESULT(0); });
+    EXPECT_FALSE(SetWindowTextW(hwnd, W(u"refused")));
+    WCHAR text[32] = {};
+    EXPECT_EQ(GetWindowTextW(hwnd, text, 32), 11);
+
+    SetLastError(0);
+    EXPECT_FALSE(SetWindowTextW(vorlan_test::FakeHwnd(60006), W(u"x")));
+    EXPECT_EQ(GetWindowTextW(vorlan_test::FakeHwnd(60006), text, 32), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+}
+
+TEST(WindowManagerHints, DecorationsAndTaskbarFollowStyles)
+{
+    MessageRecorder recorder("VorlanHints");
+    const HWND popup = recorder.Create(WS_POPUP, 0, 0, 50, 50);
+    const HWND framed = recorder.Create(WS_OVERLAPPEDWINDOW, 0, 0, 50, 50);
+    const HWND tool = recorder.Create(WS_OVERLAPPEDWINDOW, 0, 0, 50, 50, nullptr, WS_EX_TOOLWINDOW);
+    const HWND app = recorder.Create(WS_OVERLAPPEDWINDOW, 0, 0, 50, 50, nullptr, WS_EX_TOOLWINDOW | WS_EX_APPWINDOW);
+
+    // _MOTIF_WM_HINTS: flags, functions, decorations, ...; decorations 0
+    // asks for no frame at all.
+    auto decorations = [](HWND hwnd) -> long {
+        const std::vector<unsigned char> hints = XProperty(XidOf(hwnd), "_MOTIF_WM_HINTS");
+        if (hints.size() < 3 * sizeof(long))
+            return -1;
+        long flags = 0, value = 0;
+        std::memcpy(&flags, hints.data(), sizeof(long));
+        std::memcpy(&value, hints.data() + 2 * sizeof(long), sizeof(long));
+        return (flags & 2) != 0 ? value : -1;
+    };
+    EXPECT_EQ(decorations(popup), 0);
+    EXPECT_NE(decorations(framed), 0);
+
+    for (HWND hwnd : {framed, tool, app})
+        ShowWindow(hwnd, SW_SHOWNA);
+    EXPECT_TRUE(vorlan_test::PumpUntil([&] { return HasNetWmState(XidOf(tool), "_NET_WM_STATE_SKIP_TASKBAR"); }));
+    EXPECT_TRUE(HasNetWmState(XidOf(tool), "_NET_WM_STATE_SKIP_PAGER"));
+    EXPECT_FALSE(HasNetWmState(XidOf(framed), "_NET_WM_STATE_SKIP_TASKBAR"));
+    EXPECT_FALSE(HasNetWmState(XidOf(app), "_NET_WM_STATE_SKIP_TASKBAR"));
+}
+
+TEST(WindowText, AnsiWindowKeepsItsTextInTheAnsiCodePage)
+{
+    MessageRecorder recorder("VorlanTextAnsi", false);
+    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 10, 10);
+    EXPECT_TRUE(SetWindowTextA(hwnd, "abc"));
+    EXPECT_EQ(GetWindowTextLengthA(hwnd), 3);
+    EXPECT_EQ(GetWindowTextLengthW(hwnd), 3);
+    WCHAR wide[8] = {};
+    EXPECT_EQ(GetWindowTextW(hwnd, wide, 8), 3);
+    EXPECT_EQ(wide[2], u'c');
+    EXPECT_EQ(wide[3], 0);
+    char narrow[8] = {};
+    EXPECT_EQ(GetWindowTextA(hwnd, narrow, 3), 2);
+    EXPECT_STREQ(narrow, "ab");
+}
