@@ -1,73 +1,169 @@
 /*
- * vorlan demo.  For now a console program: it reads its string table,
- * converts the text into the encodings an application meets, shows a
- * message hook at work, and reports what the desktop looks like to a
- * Win32 program.  Windows join it as the window layer grows.
+ * vorlan demo: a plain Win32 C program.  It opens a decorated top-level
+ * window with a few child windows and runs the usual message loop until
+ * the window is closed.  With "--seconds N" it closes itself after N
+ * seconds, so that scripts can run it unattended.
+ *
+ * It prints what it does, so that a run without a screen still shows the
+ * messages and strings at work.
  */
 #include <windows.h>
 
+#include <pthread.h>
 #include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
 
 #include "demo_ids.h"
 
-static void print_hex(const char *label, const char *bytes, int count)
-{
-    printf("  %-8s", label);
-    for (int i = 0; i < count; ++i)
-        printf(" %02x", (unsigned)(BYTE)bytes[i]);
-    printf("\n");
-}
+static const WCHAR k_mainClass[] = {'V', 'o', 'r', 'l', 'a', 'n', 'D', 'e', 'm', 'o', 0};
+static const WCHAR k_panelClass[] = {'D', 'e', 'm', 'o', 'P', 'a', 'n', 'e', 'l', 0};
+static const WCHAR k_buttonClass[] = {'B', 'u', 't', 't', 'o', 'n', 0};
+static const WCHAR k_staticClass[] = {'S', 't', 'a', 't', 'i', 'c', 0};
 
-static LRESULT CALLBACK show_hook(int code, WPARAM wParam, LPARAM lParam)
+static void print_utf8(const char *label, const WCHAR *text)
 {
-    const MSG *msg = (const MSG *)lParam;
-    printf("  hook saw message 0x%04x (code %d)\n", msg->message, code);
-    return CallNextHookEx(NULL, code, wParam, lParam);
-}
-
-static void print_desktop(void)
-{
-    RECT work;
-    COLORREF face = GetSysColor(COLOR_BTNFACE);
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
-    printf("screen %dx%d, work area (%d,%d)-(%d,%d), scroll bar width %d\n",
-           GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN),
-           (int)work.left, (int)work.top, (int)work.right, (int)work.bottom,
-           GetSystemMetrics(SM_CXVSCROLL));
-    printf("button face colour from the GTK theme: #%02x%02x%02x\n",
-           (unsigned)GetRValue(face), (unsigned)GetGValue(face), (unsigned)GetBValue(face));
-}
-
-int main(void)
-{
-    WCHAR title[64];
-    WCHAR welcome[128];
     char utf8[256];
-    char narrow[256];
+    WideCharToMultiByte(CP_UTF8, 0, text, -1, utf8, sizeof utf8, NULL, NULL);
+    printf("%s: %s\n", label, utf8);
+}
 
-    int titleLength = LoadStringW(NULL, IDS_APP_TITLE, title, 64);
-    int welcomeLength = LoadStringW(NULL, IDS_WELCOME, welcome, 128);
-    WideCharToMultiByte(CP_UTF8, 0, title, -1, utf8, sizeof utf8, NULL, NULL);
-    printf("%s: %d units\n", utf8, titleLength);
+/* Lays the children out in the client area: the label across the top, the
+ * panel filling the middle, the button at the bottom right. */
+static HWND g_welcome, g_panel, g_ok;
 
-    WideCharToMultiByte(CP_UTF8, 0, welcome, -1, utf8, sizeof utf8, NULL, NULL);
-    printf("string table: \"%s\" (%d units)\n", utf8, welcomeLength);
+static void layout_children(int width, int height)
+{
+    MoveWindow(g_welcome, 12, 12, width - 24, 24, TRUE);
+    MoveWindow(g_panel, 12, 48, width - 24, height - 100, TRUE);
+    MoveWindow(g_ok, width - 92, height - 40, 80, 28, TRUE);
+}
 
-    printf("encodings of the first characters:\n");
-    int n = WideCharToMultiByte(CP_UTF8, 0, welcome, 5, narrow, sizeof narrow, NULL, NULL);
-    print_hex("UTF-8", narrow, n);
-    n = WideCharToMultiByte(1252, 0, welcome, 5, narrow, sizeof narrow, NULL, NULL);
-    print_hex("CP1252", narrow, n);
-    n = WideCharToMultiByte(936, 0, welcome + welcomeLength - 2, 2, narrow, sizeof narrow, NULL, NULL);
-    print_hex("CP936", narrow, n);
-    printf("process ANSI code page: %u\n", GetACP());
+static HWND create_child(HWND parent, const WCHAR *className, UINT textId, int id)
+{
+    WCHAR text[128];
+    LoadStringW(NULL, textId, text, 128);
+    return CreateWindowExW(0, className, text, WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, parent, (HMENU)(INT_PTR)id,
+                           NULL, NULL);
+}
 
-    HHOOK hook = SetWindowsHookExW(WH_GETMESSAGE, show_hook, NULL, GetCurrentThreadId());
-    MSG msg = {0};
-    msg.message = WM_USER;
-    CallWindowsHook(WH_GETMESSAGE, HC_ACTION, PM_REMOVE, (LPARAM)&msg, TRUE);
-    UnhookWindowsHookEx(hook);
+static LRESULT CALLBACK main_proc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message) {
+    case WM_CREATE:
+        g_welcome = create_child(hwnd, k_staticClass, IDS_WELCOME, IDC_WELCOME);
+        g_panel = create_child(hwnd, k_panelClass, IDS_PANEL, IDC_PANEL);
+        g_ok = create_child(hwnd, k_buttonClass, IDS_OK, IDC_OK);
+        return g_welcome && g_panel && g_ok ? 0 : -1;
+    case WM_SIZE:
+        printf("client area %dx%d\n", LOWORD(lParam), HIWORD(lParam));
+        layout_children(LOWORD(lParam), HIWORD(lParam));
+        return 0;
+    case WM_CHAR:
+        printf("typed '%c'\n", (char)wParam);
+        return 0;
+    case WM_DESTROY:
+        PostQuitMessage(0);
+        return 0;
+    default:
+        return DefWindowProcW(hwnd, message, wParam, lParam);
+    }
+}
 
-    print_desktop();
-    return 0;
+static LRESULT CALLBACK panel_proc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_PARENTNOTIFY)
+        return 0;
+    return DefWindowProcW(hwnd, message, wParam, lParam);
+}
+
+static BOOL register_classes(HINSTANCE instance)
+{
+    WNDCLASSW wc;
+    memset(&wc, 0, sizeof wc);
+    wc.lpfnWndProc = main_proc;
+    wc.hInstance = instance;
+    wc.hbrBackground = (HBRUSH)(COLOR_BTNFACE + 1);
+    wc.lpszClassName = k_mainClass;
+    if (!RegisterClassW(&wc))
+        return FALSE;
+    wc.lpfnWndProc = panel_proc;
+    wc.hbrBackground = (HBRUSH)(COLOR_WINDOW + 1);
+    wc.lpszClassName = k_panelClass;
+    return RegisterClassW(&wc) != 0;
+}
+
+struct closer {
+    HWND hwnd;
+    unsigned seconds;
+};
+
+/* Closes the main window after a while, as a user would. */
+static void *close_later(void *argument)
+{
+    const struct closer *closer = argument;
+    Sleep(closer->seconds * 1000);
+    PostMessageW(closer->hwnd, WM_CLOSE, 0, 0);
+    return NULL;
+}
+
+static void describe_window(HWND hwnd)
+{
+    RECT window, client;
+    WCHAR title[64];
+    GetWindowRect(hwnd, &window);
+    GetClientRect(hwnd, &client);
+    GetWindowTextW(hwnd, title, 64);
+    print_utf8("window", title);
+    printf("frame (%d,%d)-(%d,%d), client %dx%d, decorated by the window manager\n", (int)window.left,
+           (int)window.top, (int)window.right, (int)window.bottom, (int)client.right, (int)client.bottom);
+    for (HWND child = GetWindow(hwnd, GW_CHILD); child != NULL; child = GetWindow(child, GW_HWNDNEXT)) {
+        WCHAR className[32];
+        GetClassNameW(child, className, 32);
+        GetWindowTextW(child, title, 64);
+        GetWindowRect(child, &window);
+        MapWindowPoints(NULL, hwnd, (POINT *)&window, 2);
+        printf("  child %d at (%d,%d) %dx%d, ", (int)GetWindowLongPtrW(child, GWLP_ID), (int)window.left, (int)window.top,
+               (int)(window.right - window.left), (int)(window.bottom - window.top));
+        print_utf8("class", className);
+    }
+}
+
+int main(int argc, char **argv)
+{
+    unsigned seconds = 0;
+    if (argc == 3 && strcmp(argv[1], "--seconds") == 0)
+        seconds = (unsigned)atoi(argv[2]);
+
+    HINSTANCE instance = GetModuleHandleA(NULL);
+    if (!register_classes(instance)) {
+        printf("could not register the window classes (error %u)\n", (unsigned)GetLastError());
+        return 1;
+    }
+    WCHAR title[64];
+    LoadStringW(instance, IDS_APP_TITLE, title, 64);
+    HWND hwnd = CreateWindowExW(0, k_mainClass, title, WS_OVERLAPPEDWINDOW, 120, 100, 480, 320, NULL, NULL,
+                                instance, NULL);
+    if (hwnd == NULL) {
+        printf("could not create the main window (error %u)\n", (unsigned)GetLastError());
+        return 1;
+    }
+    ShowWindow(hwnd, SW_SHOWNORMAL);
+    describe_window(hwnd);
+    fflush(stdout);
+
+    struct closer closer = {hwnd, seconds};
+    pthread_t thread;
+    if (seconds > 0)
+        pthread_create(&thread, NULL, close_later, &closer);
+
+    MSG msg;
+    while (GetMessageW(&msg, NULL, 0, 0) > 0) {
+        TranslateMessage(&msg);
+        DispatchMessageW(&msg);
+    }
+    if (seconds > 0)
+        pthread_join(thread, NULL);
+    printf("message loop ended with %d\n", (int)msg.wParam);
+    return (int)msg.wParam;
 }
