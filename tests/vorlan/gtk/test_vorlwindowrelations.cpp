@@ -342,3 +342,38 @@ TEST(WindowText, AnsiWindowKeepsItsTextInTheAnsiCodePage)
     EXPECT_EQ(GetWindowTextA(hwnd, narrow, 3), 2);
     EXPECT_STREQ(narrow, "ab");
 }
+
+TEST(WindowOwnership, OwnerChangesReachTheTransientHint)
+{
+    MessageRecorder recorder("VorlanOwnership");
+    const HWND first = recorder.Create(WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100);
+    const HWND second = recorder.Create(WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100);
+    const HWND popup = recorder.Create(WS_POPUP, 0, 0, 30, 30, first);
+    auto transientFor = [](HWND hwnd) {
+        vorlan::GtkCriticalSection lock;
+        ::Window target = 0;
+        XGetTransientForHint(vorlan_test::XDisplay(), XidOf(hwnd), &target);
+        return XID(target);
+    };
+    EXPECT_EQ(transientFor(popup), XidOf(first));
+
+    EXPECT_EQ(SetWindowLongPtrW(popup, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(second)),
+              reinterpret_cast<LONG_PTR>(first));
+    EXPECT_EQ(GetWindow(popup, GW_OWNER), second);
+    EXPECT_EQ(transientFor(popup), XidOf(second));
+
+    // An owner the user cannot see hands on the window it is transient for.
+    const HWND hiddenOwner = recorder.Create(WS_POPUP, 0, 0, 30, 30, second);
+    SetWindowLongPtrW(popup, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(hiddenOwner));
+    EXPECT_EQ(GetWindow(popup, GW_OWNER), hiddenOwner);
+    EXPECT_EQ(transientFor(popup), XidOf(second));
+
+    // An owner of a child window is its root.
+    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, first);
+    SetWindowLongPtrW(popup, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(child));
+    EXPECT_EQ(GetWindow(popup, GW_OWNER), first);
+
+    SetWindowLongPtrW(popup, GWLP_HWNDPARENT, 0);
+    EXPECT_EQ(GetWindow(popup, GW_OWNER), nullptr);
+    EXPECT_EQ(transientFor(popup), XID(0));
+}
