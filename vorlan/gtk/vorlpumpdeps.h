@@ -109,11 +109,13 @@ VORLAN_BEGIN_DECLS
 // Stores the callback that DeleteDC asks, with its window.
 BOOL GdiSetDeleteDCProc(HDC hdc, DeleteDCProc proc, HWND hWnd);
 BOOL WINAPI DeleteDC(HDC hdc);
-BOOL WINAPI DeleteObject(HGDIOBJ ho);
 VORLAN_END_DECLS
 
 // Non-zero: drawing on the DC leaves child windows out; 0: it covers them.
 void _SetDCSubWindowMode(HDC hdc, BOOL mode);
+
+// Tells the metafile context `hdc` that an object it recorded is deleted.
+BOOL DeleteObjectFromMetaFile(HDC hdc, HGDIOBJ hObject);
 
 // ---- Foreign windows ------------------------------------------------------------
 
