@@ -37,6 +37,43 @@ unsigned FreeIndex()
     return 0;
 }
 
+// One object of each logical type, deleted: the handles the application
+// may still hold.  The pattern brush's own bitmap dies with it.
+std::vector<BadHandle> StaleHandlesOfEveryType()
+{
+    LOGFONTW lf = {};
+    lf.lfHeight = 10;
+    BYTE paletteBlock[sizeof(LOGPALETTE) + sizeof(PALETTEENTRY)] = {};
+    auto *lp = reinterpret_cast<LOGPALETTE *>(paletteBlock);
+    lp->palVersion = 0x300;
+    lp->palNumEntries = 2;
+    BITMAPINFO info = {};
+    info.bmiHeader = {sizeof info.bmiHeader, 8, 8, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
+    void *bits = nullptr;
+    HBITMAP pattern = CreateBitmap(8, 8, 1, 1, nullptr);
+    HBRUSH patternBrush = CreatePatternBrush(pattern);
+    LOGBRUSH lb = {};
+    GetObjectW(patternBrush, sizeof lb, &lb);
+    std::vector<BadHandle> stale = {
+        {"deleted pen", CreatePen(PS_DASH, 2, 0)},
+        {"deleted brush", CreateHatchBrush(HS_BDIAGONAL, 0)},
+        {"deleted pattern brush", patternBrush},
+        {"bitmap of a deleted pattern brush", reinterpret_cast<HGDIOBJ>(lb.lbHatch)},
+        {"deleted font", CreateFontIndirectW(&lf)},
+        {"deleted palette", CreatePalette(lp)},
+        {"deleted region", CreateRectRgn(1, 2, 3, 4)},
+        {"deleted DIB section", CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0)},
+    };
+    EXPECT_TRUE(DeleteObject(pattern));
+    for (const BadHandle &bad : stale) {
+        EXPECT_NE(bad.handle, nullptr) << bad.what;
+        if (bad.handle != reinterpret_cast<HGDIOBJ>(lb.lbHatch)) {
+            EXPECT_TRUE(DeleteObject(bad.handle)) << bad.what;
+        }
+    }
+    return stale;
+}
+
 void ExpectFailureEverywhere(const BadHandle &bad)
 {
     SCOPED_TRACE(bad.what);
@@ -45,6 +82,8 @@ void ExpectFailureEverywhere(const BadHandle &bad)
     EXPECT_EQ(GetObjectType(h), 0u);
     EXPECT_EQ(GetObjectW(h, sizeof buffer, buffer), 0);
     EXPECT_EQ(GetObjectW(h, 0, nullptr), 0);
+    EXPECT_EQ(GetObjectW(h, 0, buffer), 0);
+    EXPECT_EQ(GetObjectW(h, -1, buffer), 0);
     EXPECT_EQ(GetObjectA(h, sizeof buffer, buffer), 0);
     EXPECT_EQ(GetObjectA(h, 0, nullptr), 0);
     EXPECT_FALSE(DeleteObject(h));
@@ -53,6 +92,14 @@ void ExpectFailureEverywhere(const BadHandle &bad)
     PALETTEENTRY entry;
     EXPECT_EQ(GetPaletteEntries(static_cast<HPALETTE>(h), 0, 1, &entry), 0u);
     EXPECT_EQ(GetPaletteEntries(static_cast<HPALETTE>(h), 0, 1, nullptr), 0u);
+    // The context is only asked for its depth; a bad one must not crash.
+    const BITMAPINFOHEADER header = {sizeof header, 4, 4, 1, 8, BI_RGB, 0, 0, 0, 0, 0};
+    BITMAPINFO info = {};
+    info.bmiHeader = header;
+    void *bits = nullptr;
+    if (HBITMAP section = CreateDIBSection(static_cast<HDC>(h), &info, DIB_RGB_COLORS, &bits, nullptr, 0)) {
+        EXPECT_TRUE(DeleteObject(section));
+    }
     vorlan::GtkCriticalSection lock;
     EXPECT_EQ(vorlan::GdiObject::getGdiObject(h), nullptr);
     EXPECT_FALSE(IsStockObject(h));
@@ -78,6 +125,7 @@ TEST(GdiBadHandles, DeadAndForgedHandlesFailEverywhere)
     HBITMAP bitmap = CreateBitmap(4, 4, 1, 1, nullptr);
     HBITMAP dead = CreateBitmap(4, 4, 1, 1, nullptr);
     ASSERT_TRUE(DeleteObject(dead));
+    const std::vector<BadHandle> stale = StaleHandlesOfEveryType();
     const ULONG_PTR penValue = reinterpret_cast<ULONG_PTR>(pen);
     const std::vector<BadHandle> handles = {
         {"deleted bitmap", dead},
@@ -91,12 +139,18 @@ TEST(GdiBadHandles, DeadAndForgedHandlesFailEverywhere)
         {"region under the palette tag", Forge(WithTag(region, OBJ_PAL))},
         {"pen under the DC tag", Forge(WithTag(pen, OBJ_DC))},
         {"bitmap under the metafile tag", Forge(WithTag(bitmap, OBJ_METAFILE))},
+        {"free slot under the DC tag", vorlan::MakeGdiHandle(OBJ_DC, FreeIndex())},
+        {"free slot under the memory DC tag", vorlan::MakeGdiHandle(OBJ_MEMDC, FreeIndex())},
+        {"free slot under the metafile DC tag", vorlan::MakeGdiHandle(OBJ_METADC, FreeIndex())},
+        {"free slot under the metafile tag", vorlan::MakeGdiHandle(OBJ_METAFILE, FreeIndex())},
         {"tag 0", Forge(WithTag(pen, 0))},
         {"tag 11", Forge(WithTag(pen, 11))},
         {"tag 127", Forge(WithTag(pen, 127))},
         {"all ones", Forge(~ULONG_PTR(0))},
     };
     for (const BadHandle &bad : handles)
+        ExpectFailureEverywhere(bad);
+    for (const BadHandle &bad : stale)
         ExpectFailureEverywhere(bad);
     LOGPEN lp;
     ASSERT_EQ(GetObjectW(pen, sizeof lp, &lp), static_cast<int>(sizeof lp));

@@ -362,3 +362,66 @@ TEST(GdiPalettes, NearestIndexPrefersExactThenFirstNearest)
     DeleteObject(pen);
     DeleteObject(palette);
 }
+
+// A bitmap made without bits has no memory image: its pixels would live in a
+// device's pixmap.  Reading it back and copying it for a brush still work.
+TEST(GdiBitmaps, UninitialisedBitmapHasNoBitsButIsUsable)
+{
+    HBITMAP bitmap = CreateBitmap(16, 3, 1, 8, nullptr);
+    ASSERT_NE(bitmap, nullptr);
+    BITMAP bm;
+    std::memset(&bm, 0xAB, sizeof bm);
+    ASSERT_EQ(GetObjectW(bitmap, sizeof bm, &bm), kBitmapSize);
+    EXPECT_EQ(bm.bmBits, nullptr);
+    EXPECT_EQ(bm.bmWidthBytes, 16);
+    EXPECT_EQ(bm.bmType, 0);
+    HBRUSH brush = CreatePatternBrush(bitmap);
+    ASSERT_NE(brush, nullptr);
+    EXPECT_TRUE(DeleteObject(bitmap));
+    LOGBRUSH lb;
+    ASSERT_EQ(GetObjectW(brush, sizeof lb, &lb), static_cast<int>(sizeof lb));
+    BITMAP copy;
+    ASSERT_EQ(GetObjectW(reinterpret_cast<HBITMAP>(lb.lbHatch), sizeof copy, &copy), kBitmapSize);
+    EXPECT_EQ(copy.bmWidth, 16);
+    EXPECT_EQ(copy.bmHeight, 3);
+    EXPECT_EQ(copy.bmBitsPixel, 8);
+    EXPECT_EQ(copy.bmBits, nullptr);
+    EXPECT_TRUE(DeleteObject(brush));
+}
+
+// Between a BITMAP and a DIBSECTION the caller gets the head of the record:
+// the BITMAP first, never more bytes than asked for.
+TEST(GdiBitmaps, SizesBetweenBitmapAndSectionGetTheRecordHead)
+{
+    const DibInfo info = MakeDibInfo(4, 4, 24);
+    void *bits = nullptr;
+    HBITMAP section = CreateDIBSection(nullptr, AsInfo(info), DIB_RGB_COLORS, &bits, nullptr, 0);
+    ASSERT_NE(section, nullptr);
+    for (int cb : {kBitmapSize, kBitmapSize + 1, kSectionSize - 1}) {
+        BYTE buffer[kSectionSize + 8];
+        std::memset(buffer, 0xAB, sizeof buffer);
+        EXPECT_EQ(GetObjectW(section, cb, buffer), cb);
+        BITMAP bm;
+        std::memcpy(&bm, buffer, sizeof bm);
+        EXPECT_EQ(bm.bmWidth, 4) << cb;
+        EXPECT_EQ(bm.bmBits, bits) << cb;
+        EXPECT_EQ(buffer[cb], 0xAB) << cb;
+    }
+    EXPECT_TRUE(DeleteObject(section));
+}
+
+TEST(GdiDibSections, FailedSectionLeavesNoObjectBehind)
+{
+    const DibInfo info = MakeDibInfo(4, 4, 8);
+    unsigned before = 0;
+    for (unsigned i = 0; i < 65536; ++i)
+        before += GetObjectType(reinterpret_cast<HGDIOBJ>(0x70070000ul + i)) != 0;
+    void *bits = nullptr;
+    EXPECT_EQ(CreateDIBSection(nullptr, AsInfo(info), DIB_RGB_COLORS, &bits, reinterpret_cast<HANDLE>(0x7754), 0),
+              nullptr);
+    EXPECT_EQ(bits, nullptr);
+    unsigned after = 0;
+    for (unsigned i = 0; i < 65536; ++i)
+        after += GetObjectType(reinterpret_cast<HGDIOBJ>(0x70070000ul + i)) != 0;
+    EXPECT_EQ(after, before) << "the bitmap object of the failed section is destroyed";
+}
