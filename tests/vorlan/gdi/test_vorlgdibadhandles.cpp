@@ -93,7 +93,7 @@ void ExpectFailureEverywhere(const BadHandle &bad)
     EXPECT_EQ(GetPaletteEntries(static_cast<HPALETTE>(h), 0, 1, &entry), 0u);
     EXPECT_EQ(GetPaletteEntries(static_cast<HPALETTE>(h), 0, 1, nullptr), 0u);
     // The context is only asked for its depth; a bad one must not crash.
-    const BITMAPINFOHEADER header = {sizeof header, 4, 4, 1, 8, BI_RGB, 0, 0, 0, 0, 0};
+    const BITMAPINFOHEADER header = {sizeof header, 4, 4, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
     BITMAPINFO info = {};
     info.bmiHeader = header;
     void *bits = nullptr;

@@ -43,7 +43,8 @@ HPALETTE MakePalette(const std::vector<PALETTEENTRY> &entries)
     auto *lp = reinterpret_cast<LOGPALETTE *>(block.data());
     lp->palVersion = 0x300;
     lp->palNumEntries = static_cast<WORD>(entries.size());
-    std::memcpy(block.data() + offsetof(LOGPALETTE, palPalEntry), entries.data(), block.size() - 4);
+    if (!entries.empty())
+        std::memcpy(block.data() + offsetof(LOGPALETTE, palPalEntry), entries.data(), block.size() - 4);
     return CreatePalette(lp);
 }
 
