@@ -183,7 +183,9 @@ TEST(GdiTableDeathTest, PhysicalObjectOfADeadHandleIsFatal)
 TEST(GdiReferences, SelectedObjectOutlivesDeleteObject)
 {
     vorlan::GtkCriticalSection lock;
+    g_freed.clear();
     HPEN pen = CreatePen(PS_SOLID, 7, 0);
+    ASSERT_TRUE(SetPhysicalObject(pen, vorlan::kScreenSlot, 0x4711, RecordFree, 0));
     EXPECT_EQ(AddRef(pen, kSelectRef), 1);
     EXPECT_EQ(AddRef(pen, kSavedRef), 1);
     EXPECT_EQ(GetSelectRef(pen), 1);
@@ -194,8 +196,10 @@ TEST(GdiReferences, SelectedObjectOutlivesDeleteObject)
     EXPECT_EQ(lp.lopnWidth.x, 7);
     EXPECT_EQ(ReleaseRef(pen, kSelectRef), 0);
     EXPECT_EQ(GetObjectType(pen), static_cast<DWORD>(OBJ_PEN)) << "the saved state still holds it";
+    EXPECT_TRUE(g_freed.empty()) << "the device's pen is still in use";
     EXPECT_EQ(ReleaseRef(pen, kSavedRef), 0);
     EXPECT_EQ(GetObjectType(pen), 0u);
+    EXPECT_EQ(g_freed, std::vector<DHANDLE>{0x4711});
     EXPECT_EQ(ReleaseRef(pen, kObjectRef), -1);
 }
 
