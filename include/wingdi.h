@@ -1847,6 +1847,7 @@ WINGDIAPI HPEN WINAPI ExtCreatePen(DWORD iPenStyle, DWORD cWidth, const LOGBRUSH
 WINGDIAPI HBRUSH WINAPI CreateSolidBrush(COLORREF color);
 WINGDIAPI HBRUSH WINAPI CreateHatchBrush(int iHatch, COLORREF color);
 WINGDIAPI HBRUSH WINAPI CreatePatternBrush(HBITMAP hbm);
+WINGDIAPI HBRUSH WINAPI CreateDIBPatternBrush(HGLOBAL h, UINT iUsage);
 WINGDIAPI HBRUSH WINAPI CreateDIBPatternBrushPt(const void *lpPackedDIB, UINT iUsage);
 WINGDIAPI HBRUSH WINAPI CreateBrushIndirect(const LOGBRUSH *plbrush);
 WINGDIAPI HFONT WINAPI CreateFontA(int cHeight, int cWidth, int cEscapement, int cOrientation, int cWeight,

@@ -218,9 +218,10 @@ BOOL GdiSetDeleteDCProc(HDC, DeleteDCProc, HWND) { return FALSE; }
 
 BOOL WINAPI DeleteDC(HDC) { return FALSE; }
 
-BOOL WINAPI DeleteObject(HGDIOBJ) { return FALSE; }
-
 void _SetDCSubWindowMode(HDC, BOOL) {}
+
+// No metafile context records objects yet.
+BOOL DeleteObjectFromMetaFile(HDC, HGDIOBJ) { return FALSE; }
 
 // ---- Foreign windows -----------------------------------------------------------------
 

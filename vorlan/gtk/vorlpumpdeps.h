@@ -130,7 +130,6 @@ VORLAN_BEGIN_DECLS
 // Stores the callback that DeleteDC asks, with its window.
 BOOL GdiSetDeleteDCProc(HDC hdc, DeleteDCProc proc, HWND hWnd);
 BOOL WINAPI DeleteDC(HDC hdc);
-BOOL WINAPI DeleteObject(HGDIOBJ ho);
 VORLAN_END_DECLS
 
 // Limits a window DC's output to the rectangle of its X window.
@@ -138,6 +137,9 @@ BOOL GdiSetDCOutputBounds(HDC hdc, const RECT *rect);
 
 // Non-zero: drawing on the DC leaves child windows out; 0: it covers them.
 void _SetDCSubWindowMode(HDC hdc, BOOL mode);
+
+// Tells the metafile context `hdc` that an object it recorded is deleted.
+BOOL DeleteObjectFromMetaFile(HDC hdc, HGDIOBJ hObject);
 
 // ---- Foreign windows ------------------------------------------------------------
 
