@@ -3,6 +3,8 @@
 // what it changes.
 #include <gtest/gtest.h>
 
+#include "gtk/vorlgtklock.h"
+#include "gtk/vorlthread.h"
 #include "support/message_recorder.h"
 #include "support/queue_helpers.h"
 
@@ -490,4 +492,85 @@ TEST(DefaultProcedure, ImeCharIsPostedAsACharacter)
     ASSERT_TRUE(PeekMessageW(&msg, hwnd, WM_CHAR, WM_CHAR, PM_REMOVE));
     EXPECT_EQ(msg.wParam, 0x4E2Du);
     EXPECT_EQ(msg.lParam, 7);
+}
+
+TEST(DefaultProcedure, ShiftF10AsksForAKeyboardContextMenu)
+{
+    vorlan_test::ResetCurrentThreadQueues();
+    MessageRecorder recorder("VorlanDefShiftF10");
+    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 50, 50);
+    ASSERT_NE(hwnd, nullptr);
+    recorder.Answer(WM_CONTEXTMENU, [](HWND, WPARAM, LPARAM) { return 0; });
+    {
+        vorlan::GtkCriticalSection lock;
+        ThreadData::GetCurrentThreadData()->keyState[VK_SHIFT] = -128;
+    }
+    recorder.Clear();
+    DefWindowProcW(hwnd, WM_KEYDOWN, VK_F10, 0);
+    vorlan_test::ResetCurrentThreadQueues();
+    const auto menu = recorder.Of(hwnd, WM_CONTEXTMENU);
+    ASSERT_EQ(menu.size(), 1u);
+    EXPECT_EQ(menu[0].lParam, -1);
+}
+
+TEST(DefaultProcedure, SetCursorAsksTheParentFirst)
+{
+    MessageRecorder parents("VorlanDefCursorParent");
+    MessageRecorder children("VorlanDefCursorChild");
+    LRESULT parentAnswer = 1;
+    parents.Answer(WM_SETCURSOR, [&](HWND, WPARAM, LPARAM) { return parentAnswer; });
+    const HWND parent = parents.Create(WS_POPUP, 0, 0, 100, 100);
+    const HWND child = children.Create(WS_CHILD, 0, 0, 50, 50, parent);
+    ASSERT_NE(child, nullptr);
+    parents.Clear();
+    const LPARAM where = MAKELPARAM(HTCLIENT, WM_MOUSEMOVE);
+    EXPECT_EQ(DefWindowProcW(child, WM_SETCURSOR, reinterpret_cast<WPARAM>(child), where), 1);
+    const auto asked = parents.Of(parent, WM_SETCURSOR);
+    ASSERT_EQ(asked.size(), 1u);
+    EXPECT_EQ(asked[0].wParam, reinterpret_cast<WPARAM>(child));
+    EXPECT_EQ(asked[0].lParam, where);
+    // The parent declines and the child's class has no cursor: nothing set.
+    parentAnswer = 0;
+    EXPECT_EQ(DefWindowProcW(child, WM_SETCURSOR, reinterpret_cast<WPARAM>(child), where), 0);
+    // A top-level window does not ask the desktop.
+    children.Clear();
+    const HWND top = children.Create(WS_POPUP, 0, 0, 50, 50);
+    EXPECT_EQ(DefWindowProcW(top, WM_SETCURSOR, reinterpret_cast<WPARAM>(top), where), 0);
+    EXPECT_EQ(children.Sequence({top}, {WM_SETCURSOR}), std::vector<std::string>{});
+}
+
+TEST(DefaultProcedure, LostForegroundDeactivatesAndTellsTheApplication)
+{
+    MessageRecorder recorder("VorlanDefLostForeground");
+    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 50, 50);
+    const HWND other = recorder.Create(WS_POPUP, 60, 0, 50, 50);
+    ASSERT_NE(other, nullptr);
+    const std::vector<UINT> kinds = {WM_NCACTIVATE, WM_ACTIVATE, WM_ACTIVATEAPP};
+    const UINT kLostForeground = WM_USER - 4;
+
+    // The foreground left the process: both top-level windows hear it.
+    recorder.Clear();
+    EXPECT_EQ(SendMessageW(hwnd, kLostForeground, 0, 0), 0);
+    const auto sequence = recorder.Sequence({hwnd, other}, kinds);
+    ASSERT_GE(sequence.size(), 4u);
+    EXPECT_EQ(sequence[0], "0:0x0086");
+    EXPECT_EQ(sequence[1], "0:0x0006");
+    EXPECT_EQ(recorder.Of(hwnd, WM_ACTIVATE)[0].wParam, MAKEWPARAM(WA_INACTIVE, 0));
+    ASSERT_EQ(recorder.Of(hwnd, WM_ACTIVATEAPP).size(), 1u);
+    ASSERT_EQ(recorder.Of(other, WM_ACTIVATEAPP).size(), 1u);
+    EXPECT_EQ(recorder.Of(other, WM_ACTIVATEAPP)[0].wParam, static_cast<WPARAM>(FALSE));
+    EXPECT_EQ(GetActiveWindow(), nullptr);
+
+    // It moved to another window of this thread: no application notice.
+    recorder.Clear();
+    SendMessageW(hwnd, kLostForeground, 0, reinterpret_cast<LPARAM>(other));
+    EXPECT_EQ(recorder.Of(hwnd, WM_ACTIVATE)[0].lParam, reinterpret_cast<LPARAM>(other));
+    EXPECT_FALSE(recorder.Saw(hwnd, WM_ACTIVATEAPP));
+    EXPECT_FALSE(recorder.Saw(other, WM_ACTIVATEAPP));
+
+    // A child is no top-level window: no deactivation of its own.
+    const HWND child = recorder.Create(WS_CHILD, 0, 0, 10, 10, hwnd);
+    recorder.Clear();
+    SendMessageW(child, kLostForeground, 0, reinterpret_cast<LPARAM>(other));
+    EXPECT_TRUE(recorder.Sequence({child}, kinds).empty());
 }
