@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # run.sh BUILD_DIR APP_SOURCE WORK_DIR C_COMPILER SANITIZE
-# Installs BUILD_DIR into a private prefix, builds the application in
-# APP_SOURCE against it and runs it.
+# Installs BUILD_DIR into a private prefix, builds the applications in
+# APP_SOURCE against it and runs them.
 set -euo pipefail
 build=$1 app=$2 work=$3 cc=$4 sanitize=$5
 rm -rf "$work"
@@ -20,3 +20,13 @@ cmake -S "$app" -B "$work/build" -G Ninja -DCMAKE_C_COMPILER="$cc" \
   { cat "$work/configure.log"; exit 1; }
 cmake --build "$work/build" >"$work/build.log" 2>&1 || { cat "$work/build.log"; exit 1; }
 "$work/build/consumer"
+
+# The message loop's exit status is its quit code, 42 when the translated
+# character reached the window procedure.
+status=0
+timeout 60 "$work/build/msgloop" || status=$?
+if [ "$status" -ne 42 ]; then
+  echo "msgloop exited with $status, expected 42"
+  exit 1
+fi
+echo "msgloop: quit code 42 as posted"

@@ -1,0 +1,187 @@
+// The classes registered at start-up: their order, styles, extra bytes,
+// cursors and procedure pairs, the exported tables and class names, and
+// windows of those classes.
+#include <gtest/gtest.h>
+
+#include "gtk/vorlgtklock.h"
+#include "vorlcontrolprocs.h"
+#include "vorlwindowclass.h"
+#include "vorlwindowproc.h"
+
+#include <dlfcn.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Expected {
+    const char *name; // "#n" for a class known by its atom
+    UINT style;
+    WNDPROC procA;
+    WNDPROC procW;
+    int cbWndExtra;
+    LPCSTR cursor;
+};
+
+const Expected kBuiltins[] = {
+    {"Static", 0xB, StaticWindowProcA, StaticWindowProcW, 8, IDC_ARROW},
+    {"Button", 0xB, ButtonWindowProcA, ButtonWindowProcW, 20, IDC_ARROW},
+    {"Edit", 0x4088, EditWindowProcA, EditWindowProcW, 4, IDC_IBEAM},
+    {"ListBox", 0xB, ListBoxWindowProcA, ListBoxWindowProcW, 4, IDC_ARROW},
+    {"ComboBox", 0xB, ComboBoxWindowProcA, ComboBoxWindowProcW, 4, IDC_ARROW},
+    {"ScrollBar", 0xB, ScrollBarWindowProcA, ScrollBarWindowProcW, 4, IDC_ARROW},
+    {"#32768", 0x8, MenuWindowProcA, MenuWindowProcW, 4, IDC_ARROW},
+    {"#32770", 0xB, DefDlgProcA, DefDlgProcW, 30, IDC_ARROW},
+    {"#32769", 0xB, DefWindowProcA, DefWindowProcW, 0, IDC_ARROW},
+    {"msctls_statusbar", 0xB, StatusBarWindowProcA, StatusBarWindowProcW, 0, IDC_ARROW},
+    {"#32801", 0x8, DefWindowProcA, DefWindowProcW, 0, IDC_ARROW},
+};
+
+ATOM AtomOf(const char *name)
+{
+    return name[0] == '#' ? static_cast<ATOM>(std::stoi(name + 1)) : FindAtomA(name);
+}
+
+std::u16string Wide(const WCHAR *text)
+{
+    std::u16string result;
+    for (; *text != 0; ++text)
+        result.push_back(static_cast<char16_t>(*text));
+    return result;
+}
+
+std::u16string Wide(const char *text)
+{
+    return std::u16string(text, text + std::char_traits<char>::length(text));
+}
+
+} // namespace
+
+TEST(BuiltinClasses, AllAreRegisteredInOrderWithTheirAttributes)
+{
+    vorlan::GtkCriticalSection lock;
+    const WindowClass *wc = WindowClass_FindClass(AtomOf("Static"));
+    ASSERT_NE(wc, nullptr);
+    for (const Expected &e : kBuiltins) {
+        SCOPED_TRACE(e.name);
+        ASSERT_NE(wc, nullptr);
+        EXPECT_EQ(wc->atom, AtomOf(e.name));
+        EXPECT_EQ(wc, WindowClass_FindClass(AtomOf(e.name)));
+        EXPECT_EQ(wc->style, e.style);
+        EXPECT_EQ(wc->cbWndExtra, e.cbWndExtra);
+        EXPECT_EQ(wc->cbClsExtra, 0);
+        EXPECT_EQ(wc->hCursor, LoadCursorA(nullptr, e.cursor));
+        EXPECT_EQ(wc->hIcon, nullptr);
+        EXPECT_EQ(wc->hIconSm, nullptr);
+        EXPECT_EQ(wc->hbrBackground, nullptr);
+        EXPECT_EQ(wc->pszMenuName, nullptr);
+        WNDPROC procA = nullptr;
+        WNDPROC procW = nullptr;
+        ASSERT_TRUE(GetRealWndProc(wc->nIdWndProc, &procA, &procW));
+        EXPECT_EQ(procA, e.procA);
+        EXPECT_EQ(procW, e.procW);
+        wc = wc->pNext;
+    }
+}
+
+TEST(BuiltinClasses, NamedClassesAnswerToTheirNamesInAnyCase)
+{
+    for (const char *name : {"static", "BUTTON", "edit", "LISTBOX", "combobox", "scrollbar", "MSCTLS_STATUSBAR"}) {
+        WNDCLASSW wc = {};
+        std::u16string wide = Wide(name);
+        wc.lpszClassName = reinterpret_cast<LPCWSTR>(wide.c_str());
+        wc.lpfnWndProc = DefWindowProcW;
+        SetLastError(0);
+        EXPECT_EQ(RegisterClassW(&wc), 0) << name;
+        EXPECT_EQ(GetLastError(), 1410u) << name;
+    }
+}
+
+TEST(BuiltinClasses, ExportedTablesDescribeTheFirstSevenClasses)
+{
+    const VORLBUILTINCLASS *tables[] = {&g_staticClass, &g_buttonClass,    &g_editClass, &g_listboxClass,
+                                        &g_comboClass,  &g_scrollBarClass, &g_menuClass};
+    const UINT cursorIds[] = {32512, 32512, 32513, 32512, 32512, 32512, 32512};
+    for (int i = 0; i < 7; ++i) {
+        const Expected &e = kBuiltins[i];
+        const VORLBUILTINCLASS *t = tables[i];
+        SCOPED_TRACE(e.name);
+        EXPECT_EQ(Wide(t->lpszClassName), Wide(e.name));
+        EXPECT_EQ(t->style, e.style);
+        EXPECT_EQ(t->lpfnWndProcA, e.procA);
+        EXPECT_EQ(t->lpfnWndProcW, e.procW);
+        EXPECT_EQ(t->cbWndExtra, e.cbWndExtra);
+        EXPECT_EQ(t->uCursorId, cursorIds[i]);
+        EXPECT_EQ(t->hbrBackground, nullptr);
+    }
+}
+
+TEST(BuiltinClasses, ExportedNamesAreTheClassNames)
+{
+    EXPECT_EQ(Wide(wszButtonClass), u"Button");
+    EXPECT_EQ(Wide(wszComboboxClass), u"ComboBox");
+    EXPECT_EQ(Wide(wszDialogClass), u"#32770");
+    EXPECT_EQ(Wide(wszEditClass), u"Edit");
+    EXPECT_EQ(Wide(wszListboxClass), u"ListBox");
+    EXPECT_EQ(Wide(wszScrollbarClass), u"ScrollBar");
+    EXPECT_EQ(Wide(wszStaticClass), u"Static");
+}
+
+TEST(BuiltinClasses, TablesAndNamesAreExportedUnderTheirPlainNames)
+{
+    for (const char *symbol :
+         {"g_staticClass", "g_buttonClass", "g_editClass", "g_listboxClass", "g_comboClass", "g_scrollBarClass",
+          "g_menuClass", "wszButtonClass", "wszComboboxClass", "wszDialogClass", "wszEditClass", "wszListboxClass",
+          "wszScrollbarClass", "wszStaticClass", "WindowClass_RegisterBuiltins", "WindowClass_FindClass"})
+        EXPECT_NE(dlsym(RTLD_DEFAULT, symbol), nullptr) << symbol;
+    EXPECT_EQ(dlsym(RTLD_DEFAULT, "g_staticClass"), static_cast<const void *>(&g_staticClass));
+}
+
+TEST(BuiltinClasses, ButtonWindowKeepsItsTextAndRoutesToTheDefaultProcedure)
+{
+    const HWND parent = CreateWindowExW(0, MAKEINTRESOURCEW(32801), nullptr, WS_POPUP, 0, 0, 100, 100, nullptr, nullptr,
+                                        nullptr, nullptr);
+    ASSERT_NE(parent, nullptr);
+    const HWND button = CreateWindowExW(0, reinterpret_cast<LPCWSTR>(u"button"), reinterpret_cast<LPCWSTR>(u"OK"),
+                                        WS_CHILD | WS_VISIBLE, 5, 5, 60, 20, parent, nullptr, nullptr, nullptr);
+    ASSERT_NE(button, nullptr);
+    char16_t name[16] = {};
+    EXPECT_EQ(GetClassNameW(button, reinterpret_cast<LPWSTR>(name), 16), 6);
+    EXPECT_EQ(std::u16string(name), u"Button");
+    char text[16] = {};
+    EXPECT_EQ(GetWindowTextA(button, text, 16), 2);
+    EXPECT_STREQ(text, "OK");
+    // Each form of the procedure is the real address of that form.
+    EXPECT_EQ(GetWindowLongPtrW(button, GWLP_WNDPROC), reinterpret_cast<LONG_PTR>(ButtonWindowProcW));
+    EXPECT_EQ(GetWindowLongPtrA(button, GWLP_WNDPROC), reinterpret_cast<LONG_PTR>(ButtonWindowProcA));
+    EXPECT_EQ(GetClassLongW(button, GCL_STYLE), 0xBu);
+    // The default procedure's answers.
+    EXPECT_EQ(SendMessageW(button, WM_USER + 1000, 1, 2), 0);
+    EXPECT_EQ(SendMessageW(button, WM_VKEYTOITEM, 0, 0), -1);
+    EXPECT_EQ(SendMessageA(button, WM_GETTEXTLENGTH, 0, 0), 2);
+    // Twenty extra bytes per window: the last pointer-sized slot that fits
+    // is accepted, one past it refused.
+    SetLastError(0);
+    SetWindowLongW(button, 16, 0x1234);
+    EXPECT_EQ(GetLastError(), 0u);
+    EXPECT_EQ(GetWindowLongW(button, 16), 0x1234);
+    SetLastError(0);
+    EXPECT_EQ(GetWindowLongW(button, 20), 0);
+    EXPECT_NE(GetLastError(), 0u);
+    EXPECT_EQ(SendMessageW(button, WM_CLOSE, 0, 0), 0);
+    EXPECT_FALSE(IsWindow(button));
+    DestroyWindow(parent);
+}
+
+TEST(BuiltinClasses, EveryControlClassMakesAWindow)
+{
+    for (const char *name : {"Static", "Edit", "ListBox", "ComboBox", "ScrollBar", "msctls_statusbar"}) {
+        const HWND hwnd =
+            CreateWindowExA(0, name, "x", WS_POPUP, 0, 0, 30, 30, nullptr, nullptr, nullptr, nullptr);
+        ASSERT_NE(hwnd, nullptr) << name;
+        char text[4] = {};
+        EXPECT_EQ(GetWindowTextA(hwnd, text, 4), 1) << name;
+        EXPECT_TRUE(DestroyWindow(hwnd));
+    }
+}
