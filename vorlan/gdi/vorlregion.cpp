@@ -1,9 +1,12 @@
 // Region objects: a logical object whose screen slot holds a GdkRegion,
-// freed with the object.
-#include "gdi/vorlgdiobject.h"
-#include "gtk/vorlgtklock.h"
+// freed with the object.  Creation of rectangle regions and the type of a
+// region live here; the other shapes, the arithmetic and the queries have
+// files of their own.
+#include "gdi/vorlregion.h"
 
-#include <cstdlib>
+#include "gdi/vorlgdiobject.h"
+#include "gdi/vorlregionrect.h"
+#include "gtk/vorlgtklock.h"
 
 using vorlan::LogicalGdiObject;
 
@@ -14,19 +17,55 @@ void DestroyGdkRegion(DHANDLE region)
     gdk_region_destroy(reinterpret_cast<GdkRegion *>(region));
 }
 
-// A region object that takes over `region`.
-HRGN NewRegionObject(GdkRegion *region)
+DHANDLE AsPhysical(GdkRegion *region)
 {
+    return reinterpret_cast<DHANDLE>(region);
+}
+
+} // namespace
+
+HRGN vorlan::AdoptGdkRegion(GdkRegion *region)
+{
+    if (region == nullptr)
+        return nullptr;
     LogicalGdiObject *object = LogicalGdiObject::Create(OBJ_REGION);
     if (object == nullptr) {
         gdk_region_destroy(region);
         return nullptr;
     }
-    object->physical[vorlan::kScreenSlot] = {reinterpret_cast<DHANDLE>(region), DestroyGdkRegion, 0};
+    object->physical[kScreenSlot] = {AsPhysical(region), DestroyGdkRegion, 0};
     return static_cast<HRGN>(object->handle);
 }
 
-} // namespace
+HRGN vorlan::createRgn(const GdkRegion *region)
+{
+    if (region == nullptr)
+        return nullptr;
+    return AdoptGdkRegion(gdk_region_copy(region));
+}
+
+BOOL vorlan::ReplaceGdkRegion(HRGN hrgn, GdkRegion *region)
+{
+    if (GetGdkRegion(hrgn) == nullptr) {
+        gdk_region_destroy(region);
+        return FALSE;
+    }
+    return SetPhysicalObject(hrgn, kScreenSlot, AsPhysical(region), DestroyGdkRegion, 0);
+}
+
+int checkRegionType(HRGN hrgn)
+{
+    GdkRegion *region = GetGdkRegion(hrgn);
+    if (region == nullptr)
+        return ERROR;
+    GdkRectangle *rectangles = nullptr;
+    gint count = 0;
+    gdk_region_get_rectangles(region, &rectangles, &count);
+    g_free(rectangles);
+    if (count == 0)
+        return NULLREGION;
+    return count == 1 ? SIMPLEREGION : COMPLEXREGION;
+}
 
 HRGN WINAPI CreateRectRgn(int x1, int y1, int x2, int y2)
 {
@@ -41,11 +80,7 @@ HRGN WINAPI CreateRectRgnIndirect(const RECT *lprect)
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
-    const GdkRectangle rect = {lprect->left, lprect->top, std::abs(lprect->right - lprect->left),
-                               std::abs(lprect->bottom - lprect->top)};
+    const GdkRectangle rect = vorlan::GdkRectWithAbsoluteSize(*lprect);
     vorlan::GtkCriticalSection lock;
-    GdkRegion *region = gdk_region_rectangle(&rect);
-    if (region == nullptr)
-        return nullptr;
-    return NewRegionObject(region);
+    return vorlan::AdoptGdkRegion(gdk_region_rectangle(&rect));
 }
