@@ -1,0 +1,109 @@
+// The library's own region operations: rectangle conversions, the type of
+// a region, and region objects made from GdkRegions.
+#include <gtest/gtest.h>
+
+#include "region_test_helpers.h"
+
+#include "gdi/vorlgdiobject.h"
+#include "gdi/vorlregion.h"
+#include "gdi/vorlregionrect.h"
+#include "gtk/vorlgtklock.h"
+
+#include <climits>
+#include <string>
+
+using region_test::Rects;
+using region_test::Str;
+
+namespace {
+
+std::string GdkStr(const GdkRectangle &r)
+{
+    return "x" + std::to_string(r.x) + " y" + std::to_string(r.y) + " " + std::to_string(r.width) + "x" +
+           std::to_string(r.height);
+}
+
+} // namespace
+
+TEST(RegionRectConversions, PlainConversionKeepsTheSignOfTheSize)
+{
+    EXPECT_EQ(GdkStr(vorlan::GdkRectFromRect({1, 2, 11, 22})), "x1 y2 10x20");
+    EXPECT_EQ(GdkStr(vorlan::GdkRectFromRect({10, 20, 5, 30})), "x10 y20 -5x10");
+    EXPECT_EQ(GdkStr(vorlan::GdkRectFromRect({3, 3, 3, 3})), "x3 y3 0x0");
+}
+
+TEST(RegionRectConversions, AbsoluteSizeKeepsTheOriginAsGiven)
+{
+    EXPECT_EQ(GdkStr(vorlan::GdkRectWithAbsoluteSize({10, 20, 5, 30})), "x10 y20 5x10");
+    EXPECT_EQ(GdkStr(vorlan::GdkRectWithAbsoluteSize({10, 20, 0, 0})), "x10 y20 10x20");
+}
+
+TEST(RegionRectConversions, NormalizedConversionOrdersTheCorners)
+{
+    EXPECT_EQ(GdkStr(vorlan::NormalizedGdkRect({10, 20, 5, 30})), "x5 y20 5x10");
+    EXPECT_EQ(GdkStr(vorlan::NormalizedGdkRect({10, 20, 0, 0})), "x0 y0 10x20");
+    EXPECT_EQ(GdkStr(vorlan::NormalizedGdkRect({-1, -2, -3, -4})), "x-3 y-4 2x2");
+}
+
+TEST(RegionRectConversions, BackToARectAddsTheSize)
+{
+    EXPECT_EQ(Str(vorlan::RectFromGdkRect({1, 2, 3, 4})), "(1,2,4,6)");
+    EXPECT_EQ(Str(vorlan::RectFromGdkRect({-5, -5, 0, 0})), "(-5,-5,-5,-5)");
+}
+
+TEST(RegionRectConversions, SizesBeyondAnIntAreCut)
+{
+    EXPECT_EQ(vorlan::GdkRectWithAbsoluteSize({INT_MIN, 0, INT_MAX, 1}).width, INT_MAX);
+    EXPECT_EQ(vorlan::GdkRectFromRect({INT_MAX, 0, INT_MIN, 1}).width, INT_MIN);
+    EXPECT_EQ(vorlan::NormalizedGdkRect({INT_MAX, INT_MIN, INT_MIN, INT_MAX}).height, INT_MAX);
+    EXPECT_EQ(vorlan::RectFromGdkRect({INT_MAX - 1, 0, 5, 1}).right, INT_MAX);
+}
+
+TEST(RegionType, CountsTheRectangles)
+{
+    HRGN region = CreateRectRgn(0, 0, 0, 0);
+    HRGN other = CreateRectRgn(20, 20, 30, 30);
+    vorlan::GtkCriticalSection lock;
+    EXPECT_EQ(checkRegionType(region), NULLREGION);
+    SetRectRgn(region, 0, 0, 10, 10);
+    EXPECT_EQ(checkRegionType(region), SIMPLEREGION);
+    CombineRgn(region, region, other, RGN_OR);
+    EXPECT_EQ(checkRegionType(region), COMPLEXREGION);
+    EXPECT_EQ(checkRegionType(nullptr), ERROR);
+    DeleteObject(region);
+    DeleteObject(other);
+}
+
+TEST(RegionFromGdk, CreateRgnMakesAnIndependentCopy)
+{
+    vorlan::GtkCriticalSection lock;
+    const GdkRectangle rect = {1, 2, 3, 4};
+    GdkRegion *source = gdk_region_rectangle(&rect);
+    HRGN region = vorlan::createRgn(source);
+    ASSERT_NE(region, nullptr);
+    EXPECT_EQ(GetObjectType(region), static_cast<DWORD>(OBJ_REGION));
+    EXPECT_NE(GetGdkRegion(region), source);
+    gdk_region_offset(source, 100, 100);
+    EXPECT_EQ(Rects(region), "(1,2,4,6)");
+    gdk_region_destroy(source);
+    EXPECT_EQ(Rects(region), "(1,2,4,6)");
+    EXPECT_EQ(vorlan::createRgn(nullptr), nullptr);
+    DeleteObject(region);
+}
+
+TEST(RegionFromGdk, AdoptedRegionIsUsedAsItIsAndReplacedRegionsGo)
+{
+    vorlan::GtkCriticalSection lock;
+    const GdkRectangle first = {0, 0, 5, 5};
+    const GdkRectangle second = {7, 7, 1, 1};
+    GdkRegion *gdkRegion = gdk_region_rectangle(&first);
+    HRGN region = vorlan::AdoptGdkRegion(gdkRegion);
+    ASSERT_NE(region, nullptr);
+    EXPECT_EQ(GetGdkRegion(region), gdkRegion);
+    GdkRegion *replacement = gdk_region_rectangle(&second);
+    EXPECT_TRUE(vorlan::ReplaceGdkRegion(region, replacement));
+    EXPECT_EQ(GetGdkRegion(region), replacement);
+    EXPECT_EQ(Rects(region), "(7,7,8,8)");
+    EXPECT_EQ(vorlan::AdoptGdkRegion(nullptr), nullptr);
+    DeleteObject(region);
+}
