@@ -17,8 +17,8 @@
 
 namespace {
 
-// The widest or tallest ellipse that is scan converted.  Beyond it the
-// midpoint terms no longer fit 64 bits.
+// The widest or tallest ellipse that is scan converted; up to it the
+// midpoint terms stay well inside 64 bits.  Larger ones fail.
 constexpr long long kLargestEllipseSide = 1 << 20;
 
 // The rows of one ellipse as they are found, added to a region.
