@@ -86,10 +86,12 @@ HGDIOBJ CommonDeviceContext::SelectObject(HGDIOBJ object)
         return nullptr;
     }
     slot = object;
-    ReleaseRef(old, kSelectRef);
-    // Pens, brushes and fonts reach the device when drawing uses them.
+    // Pens, brushes and fonts reach the device when drawing uses them.  A
+    // bitmap becomes the drawable at once, before the old one is let go:
+    // the device still compares against the old pixmap.
     if (objectType == OBJ_BITMAP)
         ApplyObject(objectType);
+    ReleaseRef(old, kSelectRef);
     return old;
 }
 
