@@ -192,3 +192,28 @@ TEST(DeviceContextSelection, PaletteSelectionCountsAndRemembersTheBackgroundFlag
     EXPECT_EQ(LiveType(palette), 0u);
     EXPECT_EQ(SelectPalette(dc, reinterpret_cast<HPALETTE>(GetStockObject(BLACK_PEN)), TRUE), nullptr);
 }
+
+TEST(DeviceContextSelection, SelectingAFontLeavesThePangoContextAlone)
+{
+    MemoryDC dc;
+    LOGFONTW lf = {};
+    lf.lfHeight = 40;
+    lf.lfWeight = FW_BOLD;
+    HFONT font = CreateFontIndirectW(&lf);
+    PangoFontDescription *before;
+    {
+        vorlan::GtkCriticalSection lock;
+        before = pango_font_description_copy(
+            pango_context_get_font_description(vorlan::GetCommonDeviceContext(dc)->pangoContext));
+    }
+    SelectObject(dc, font);
+    {
+        vorlan::GtkCriticalSection lock;
+        const PangoFontDescription *after =
+            pango_context_get_font_description(vorlan::GetCommonDeviceContext(dc)->pangoContext);
+        EXPECT_TRUE(pango_font_description_equal(before, after));
+    }
+    pango_font_description_free(before);
+    SelectObject(dc, GetStockObject(SYSTEM_FONT));
+    DeleteObject(font);
+}
