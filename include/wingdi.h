@@ -1974,6 +1974,8 @@ WINGDIAPI DWORD WINAPI GdiSetBatchLimit(DWORD dw);
 WINGDIAPI int WINAPI SetMapMode(HDC hdc, int iMode);
 WINGDIAPI int WINAPI GetMapMode(HDC hdc);
 WINGDIAPI BOOL WINAPI SetViewportOrgEx(HDC hdc, int x, int y, LPPOINT lppt);
+/* The same as SetViewportOrgEx, under its old name. */
+WINGDIAPI BOOL WINAPI SetViewportOrg(HDC hdc, int x, int y, LPPOINT lppt);
 WINGDIAPI BOOL WINAPI GetViewportOrgEx(HDC hdc, LPPOINT lppoint);
 WINGDIAPI BOOL WINAPI OffsetViewportOrgEx(HDC hdc, int x, int y, LPPOINT lppt);
 WINGDIAPI BOOL WINAPI SetViewportExtEx(HDC hdc, int x, int y, LPSIZE lpsz);
@@ -1992,6 +1994,7 @@ WINGDIAPI int WINAPI GetGraphicsMode(HDC hdc);
 WINGDIAPI BOOL WINAPI SetWorldTransform(HDC hdc, const XFORM *lpxf);
 WINGDIAPI BOOL WINAPI GetWorldTransform(HDC hdc, LPXFORM lpxf);
 WINGDIAPI BOOL WINAPI ModifyWorldTransform(HDC hdc, const XFORM *lpxf, DWORD mode);
+WINGDIAPI BOOL WINAPI CombineTransform(LPXFORM lpxfOut, const XFORM *lpxf1, const XFORM *lpxf2);
 WINGDIAPI DWORD WINAPI SetLayout(HDC hdc, DWORD l);
 WINGDIAPI DWORD WINAPI GetLayout(HDC hdc);
 
@@ -2059,6 +2062,7 @@ WINGDIAPI int WINAPI GetROP2(HDC hdc);
 WINGDIAPI int WINAPI SetPolyFillMode(HDC hdc, int mode);
 WINGDIAPI int WINAPI GetPolyFillMode(HDC hdc);
 WINGDIAPI int WINAPI SetStretchBltMode(HDC hdc, int mode);
+WINGDIAPI DWORD WINAPI SetMapperFlags(HDC hdc, DWORD flags);
 WINGDIAPI int WINAPI GetStretchBltMode(HDC hdc);
 WINGDIAPI UINT WINAPI SetTextAlign(HDC hdc, UINT align);
 WINGDIAPI UINT WINAPI GetTextAlign(HDC hdc);

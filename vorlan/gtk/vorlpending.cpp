@@ -9,12 +9,15 @@
 // goes away when its subsystem provides the real one.
 #include "gtk/vorlpumpdeps.h"
 
+#include "gdi/screen/vorlscreendc.h"
+
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlpostmessage.h"
 #include "gtk/vorltestwindows.h"
 #include "gtk/vorlthread.h"
 #include "gtk/vorlglobals.h"
 #include "gtk/vorlwindow.h"
+#include "gtk/vorlxwindow.h"
 #include "vorlwindowclass.h"
 
 // ---- Start-up --------------------------------------------------------------
@@ -148,10 +151,6 @@ int WINAPI FillRect(HDC, const RECT *, HBRUSH) { return 0; }
 
 BOOL WINAPI DrawFocusRect(HDC, const RECT *) { return FALSE; }
 
-COLORREF WINAPI SetBkColor(HDC, COLORREF) { return CLR_INVALID; }
-
-COLORREF WINAPI SetTextColor(HDC, COLORREF) { return CLR_INVALID; }
-
 BOOL GdiSetDCOutputBounds(HDC, const RECT *) { return FALSE; }
 
 void DefNCPaint(HWND, HRGN) {}
@@ -214,11 +213,31 @@ void DefSizeCommand(HWND, int, POINT) {}
 
 // ---- Device contexts ---------------------------------------------------------------
 
-BOOL GdiSetDeleteDCProc(HDC, DeleteDCProc, HWND) { return FALSE; }
-
-BOOL WINAPI DeleteDC(HDC) { return FALSE; }
-
 void _SetDCSubWindowMode(HDC, BOOL) {}
+
+// Until painting arrives, a window's DC covers its whole X window (the
+// root window for the desktop) and dies at ReleaseDC.
+HDC WINAPI GetDC(HWND hWnd)
+{
+    vorlan::GtkCriticalSection lock;
+    if (hWnd == nullptr)
+        hWnd = GetDesktopWindow();
+    GdkWindow *window = hWnd == GetDesktopWindow() ? gdk_get_default_root_window() : GetGdkWindow(hWnd);
+    if (window == nullptr) {
+        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+        return nullptr;
+    }
+    gint width = 0;
+    gint height = 0;
+    gdk_drawable_get_size(window, &width, &height);
+    const RECT bounds = {0, 0, width, height};
+    return GdiCreateWindowDC(hWnd, 0, window, &bounds);
+}
+
+int WINAPI ReleaseDC(HWND, HDC hDC)
+{
+    return DeleteDC(hDC);
+}
 
 // No metafile context records objects yet.
 BOOL DeleteObjectFromMetaFile(HDC, HGDIOBJ) { return FALSE; }

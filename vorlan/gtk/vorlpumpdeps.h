@@ -128,7 +128,7 @@ typedef BOOL (*DeleteDCProc)(HDC hdc, HWND hWnd);
 
 VORLAN_BEGIN_DECLS
 // Stores the callback that DeleteDC asks, with its window.
-BOOL GdiSetDeleteDCProc(HDC hdc, DeleteDCProc proc, HWND hWnd);
+VORLAN_INTERNAL BOOL GdiSetDeleteDCProc(HDC hdc, DeleteDCProc proc, HWND hWnd);
 BOOL WINAPI DeleteDC(HDC hdc);
 VORLAN_END_DECLS
 

@@ -1,0 +1,64 @@
+// Contexts for the device context tests, deleted at the end of the scope.
+#ifndef VORLAN_TESTS_GDI_DC_TEST_HELPERS_H
+#define VORLAN_TESTS_GDI_DC_TEST_HELPERS_H
+
+#include <windows.h>
+
+#include "gdi/vorldc.h"
+#include "gtk/vorlgtklock.h"
+
+namespace vorlan_test {
+
+// A memory context like the screen's.
+class MemoryDC {
+public:
+    MemoryDC() : m_hdc(CreateCompatibleDC(nullptr)) {}
+    ~MemoryDC()
+    {
+        if (m_hdc != nullptr)
+            DeleteDC(m_hdc);
+    }
+    MemoryDC(const MemoryDC &) = delete;
+    MemoryDC &operator=(const MemoryDC &) = delete;
+
+    HDC get() const { return m_hdc; }
+    operator HDC() const { return m_hdc; }
+
+private:
+    HDC m_hdc;
+};
+
+// The state of a context as the library holds it, for what no export reads
+// (the extents, the transforms, the save depth).
+inline vorlan::DCState StateOf(HDC hdc)
+{
+    vorlan::GtkCriticalSection lock;
+    const vorlan::CommonDeviceContext *context = vorlan::GetCommonDeviceContext(hdc);
+    return context != nullptr ? context->state() : vorlan::DCState();
+}
+
+inline size_t SavedDepthOf(HDC hdc)
+{
+    vorlan::GtkCriticalSection lock;
+    const vorlan::CommonDeviceContext *context = vorlan::GetCommonDeviceContext(hdc);
+    return context != nullptr ? context->savedDepth() : 0;
+}
+
+// The bounding box of a region object, read from its GdkRegion.
+inline RECT RegionBox(HRGN region)
+{
+    vorlan::GtkCriticalSection lock;
+    GdkRegion *area = GetGdkRegion(region);
+    if (area == nullptr)
+        return RECT{-1, -1, -1, -1};
+    GdkRectangle box;
+    gdk_region_get_clipbox(area, &box);
+    return RECT{box.x, box.y, box.x + box.width, box.y + box.height};
+}
+
+// The type of a handle as the table sees it: 0 once the object is gone.
+inline DWORD LiveType(HGDIOBJ h) { return GetObjectType(h); }
+
+} // namespace vorlan_test
+
+#endif // VORLAN_TESTS_GDI_DC_TEST_HELPERS_H

@@ -1,0 +1,194 @@
+// The save stack: levels counted from the bottom and from the top, what a
+// restore brings back, and the objects and regions saved states hold.
+#include <gtest/gtest.h>
+
+#include "gdi/dc_test_helpers.h"
+
+using vorlan_test::LiveType;
+using vorlan_test::MemoryDC;
+using vorlan_test::SavedDepthOf;
+
+TEST(DeviceContextSaveStack, FirstSaveIsLevelOneAndMinusOneRestoresIt)
+{
+    MemoryDC dc;
+    EXPECT_EQ(SaveDC(dc), 1);
+    EXPECT_TRUE(RestoreDC(dc, -1));
+    EXPECT_FALSE(RestoreDC(dc, -1));
+    EXPECT_FALSE(RestoreDC(dc, 0));
+    EXPECT_FALSE(RestoreDC(dc, 1));
+    EXPECT_EQ(SaveDC(dc), 1);
+    EXPECT_EQ(SaveDC(dc), 2);
+    EXPECT_EQ(SaveDC(dc), 3);
+    EXPECT_FALSE(RestoreDC(dc, 4));
+    EXPECT_FALSE(RestoreDC(dc, -4));
+    EXPECT_FALSE(RestoreDC(dc, 0));
+    EXPECT_EQ(SavedDepthOf(dc), 3u);
+}
+
+TEST(DeviceContextSaveStack, PositiveLevelDropsTheStatesAboveIt)
+{
+    MemoryDC dc;
+    SetBkColor(dc, 1);
+    SaveDC(dc);
+    SetBkColor(dc, 2);
+    SaveDC(dc);
+    SetBkColor(dc, 3);
+    SaveDC(dc);
+    SetBkColor(dc, 4);
+    EXPECT_TRUE(RestoreDC(dc, 2));
+    EXPECT_EQ(GetBkColor(dc), 2u);
+    EXPECT_EQ(SavedDepthOf(dc), 1u);
+    EXPECT_EQ(SaveDC(dc), 2);
+    SetBkColor(dc, 5);
+    // -2 is the first saved state.
+    EXPECT_TRUE(RestoreDC(dc, -2));
+    EXPECT_EQ(GetBkColor(dc), 1u);
+    EXPECT_EQ(SavedDepthOf(dc), 0u);
+}
+
+TEST(DeviceContextSaveStack, RestoreBringsBackEveryAttribute)
+{
+    MemoryDC dc;
+    SetBkMode(dc, TRANSPARENT);
+    SetROP2(dc, R2_XORPEN);
+    SetMapMode(dc, MM_ANISOTROPIC);
+    SetWindowExtEx(dc, 10, 20, nullptr);
+    SetViewportExtEx(dc, 30, -40, nullptr);
+    SetWindowOrgEx(dc, 5, 6, nullptr);
+    SetViewportOrgEx(dc, 7, 8, nullptr);
+    SetPolyFillMode(dc, WINDING);
+    SetStretchBltMode(dc, HALFTONE);
+    SetBrushOrgEx(dc, 3, 4, nullptr);
+    SetBkColor(dc, 0x0A0B0C);
+    SetTextColor(dc, 0x0C0B0A);
+    SetTextAlign(dc, TA_UPDATECP);
+    SetLayout(dc, LAYOUT_RTL);
+    SetTextCharacterExtra(dc, 9);
+    MoveToEx(dc, 11, 12, nullptr);
+    POINT mapped = {100, 100};
+    LPtoDP(dc, &mapped, 1);
+    const vorlan::DCState before = vorlan_test::StateOf(dc);
+
+    ASSERT_EQ(SaveDC(dc), 1);
+    SetBkMode(dc, OPAQUE);
+    SetROP2(dc, R2_BLACK);
+    SetMapMode(dc, MM_LOMETRIC);
+    SetPolyFillMode(dc, ALTERNATE);
+    SetStretchBltMode(dc, BLACKONWHITE);
+    SetBrushOrgEx(dc, 0, 0, nullptr);
+    SetBkColor(dc, 0);
+    SetTextColor(dc, 0);
+    SetTextAlign(dc, 0);
+    SetLayout(dc, 0);
+    SetTextCharacterExtra(dc, 0);
+    MoveToEx(dc, 0, 0, nullptr);
+    ASSERT_TRUE(RestoreDC(dc, -1));
+
+    EXPECT_EQ(GetBkMode(dc), TRANSPARENT);
+    EXPECT_EQ(GetROP2(dc), R2_XORPEN);
+    EXPECT_EQ(GetMapMode(dc), MM_ANISOTROPIC);
+    EXPECT_EQ(GetPolyFillMode(dc), WINDING);
+    EXPECT_EQ(SetStretchBltMode(dc, HALFTONE), HALFTONE);
+    POINT org;
+    GetBrushOrgEx(dc, &org);
+    EXPECT_EQ(org.x, 3);
+    EXPECT_EQ(org.y, 4);
+    EXPECT_EQ(GetBkColor(dc), 0x0A0B0Cu);
+    EXPECT_EQ(GetTextColor(dc), 0x0C0B0Au);
+    EXPECT_EQ(GetTextAlign(dc), static_cast<UINT>(TA_UPDATECP));
+    EXPECT_EQ(GetLayout(dc), static_cast<DWORD>(LAYOUT_RTL));
+    EXPECT_EQ(GetTextCharacterExtra(dc), 9);
+    POINT current;
+    MoveToEx(dc, 0, 0, &current);
+    EXPECT_EQ(current.x, 11);
+    EXPECT_EQ(current.y, 12);
+    const vorlan::DCState after = vorlan_test::StateOf(dc);
+    EXPECT_EQ(after.szWindowExt.cx, before.szWindowExt.cx);
+    EXPECT_EQ(after.szWindowExt.cy, before.szWindowExt.cy);
+    EXPECT_EQ(after.szViewportExt.cy, before.szViewportExt.cy);
+    EXPECT_EQ(after.ptWindowOrg.x, before.ptWindowOrg.x);
+    EXPECT_EQ(after.ptViewportOrg.y, before.ptViewportOrg.y);
+    POINT again = {100, 100};
+    LPtoDP(dc, &again, 1);
+    EXPECT_EQ(again.x, mapped.x);
+    EXPECT_EQ(again.y, mapped.y);
+}
+
+TEST(DeviceContextSaveStack, DeletedPenSurvivesInTheSavedStateAndComesBack)
+{
+    MemoryDC dc;
+    HPEN pen = CreatePen(PS_DASH, 1, 0x00AA00);
+    SelectObject(dc, pen);
+    ASSERT_EQ(SaveDC(dc), 1);
+    EXPECT_TRUE(DeleteObject(pen));
+    EXPECT_EQ(SelectObject(dc, GetStockObject(WHITE_PEN)), pen);
+    // Only the saved state holds it now.
+    EXPECT_EQ(LiveType(pen), static_cast<DWORD>(OBJ_PEN));
+    EXPECT_TRUE(RestoreDC(dc, -1));
+    EXPECT_EQ(GetCurrentObject(dc, OBJ_PEN), pen);
+    EXPECT_EQ(LiveType(pen), static_cast<DWORD>(OBJ_PEN));
+    SelectObject(dc, GetStockObject(BLACK_PEN));
+    EXPECT_EQ(LiveType(pen), 0u);
+}
+
+TEST(DeviceContextSaveStack, DroppedStatesReleaseTheirObjects)
+{
+    HBRUSH brush = CreateSolidBrush(0x777777);
+    {
+        MemoryDC dc;
+        SelectObject(dc, brush);
+        SaveDC(dc);
+        SaveDC(dc);
+        SelectObject(dc, GetStockObject(BLACK_BRUSH));
+        DeleteObject(brush);
+        EXPECT_EQ(LiveType(brush), static_cast<DWORD>(OBJ_BRUSH));
+        // Restoring the first level pops the second without selecting it.
+        EXPECT_TRUE(RestoreDC(dc, 1));
+        EXPECT_EQ(GetCurrentObject(dc, OBJ_BRUSH), brush);
+        SaveDC(dc);
+        SelectObject(dc, GetStockObject(BLACK_BRUSH));
+        EXPECT_EQ(LiveType(brush), static_cast<DWORD>(OBJ_BRUSH));
+    }
+    // The context went with a saved state still on its stack.
+    EXPECT_EQ(LiveType(brush), 0u);
+}
+
+TEST(DeviceContextSaveStack, BitmapIsRestoredIntoTheMemoryContext)
+{
+    MemoryDC dc;
+    HBITMAP bitmap = CreateBitmap(5, 5, 1, 1, nullptr);
+    SelectObject(dc, bitmap);
+    SaveDC(dc);
+    SelectObject(dc, GetStockObject(21));
+    DeleteObject(bitmap);
+    EXPECT_TRUE(RestoreDC(dc, -1));
+    EXPECT_EQ(GetCurrentObject(dc, OBJ_BITMAP), bitmap);
+    SelectObject(dc, GetStockObject(21));
+    EXPECT_EQ(LiveType(bitmap), 0u);
+}
+
+TEST(DeviceContextSaveStack, EachSavedStateHasItsOwnClipRegion)
+{
+    MemoryDC dc;
+    HRGN first = CreateRectRgn(0, 0, 10, 10);
+    SelectClipRgn(dc, first);
+    SaveDC(dc);
+    HRGN second = CreateRectRgn(20, 20, 50, 50);
+    SelectClipRgn(dc, second);
+    HRGN saved = vorlan_test::StateOf(dc).hClipRegion;
+    EXPECT_NE(saved, nullptr);
+    EXPECT_TRUE(RestoreDC(dc, -1));
+    HRGN out = CreateRectRgn(0, 0, 0, 0);
+    ASSERT_EQ(GetClipRgn(dc, out), 1);
+    const RECT box = vorlan_test::RegionBox(out);
+    EXPECT_EQ(box.right, 10);
+    EXPECT_EQ(box.bottom, 10);
+    // A state saved without a clip restores to none.
+    SelectClipRgn(dc, nullptr);
+    SaveDC(dc);
+    SelectClipRgn(dc, second);
+    RestoreDC(dc, 1);
+    EXPECT_EQ(GetClipRgn(dc, out), 0);
+    for (HRGN region : {first, second, out})
+        DeleteObject(region);
+}

@@ -1,0 +1,132 @@
+// Right-to-left layout: window contexts mirror their x coordinates across
+// the window, memory contexts never do.
+#include <gtest/gtest.h>
+
+#include "gdi/dc_test_helpers.h"
+#include "gdi/screen/vorlscreendc.h"
+#include "gtk/vorlxwindow.h"
+#include "support/message_recorder.h"
+
+using vorlan_test::MemoryDC;
+using vorlan_test::MessageRecorder;
+
+namespace {
+
+POINT Mapped(HDC hdc, int x, int y, bool toDevice = true)
+{
+    POINT point = {x, y};
+    EXPECT_TRUE(toDevice ? LPtoDP(hdc, &point, 1) : DPtoLP(hdc, &point, 1));
+    return point;
+}
+
+} // namespace
+
+TEST(RightToLeftLayout, WindowContextMirrorsAcrossTheClientWidth)
+{
+    MessageRecorder recorder("VorlanRtlMapping");
+    const HWND hwnd = recorder.Create(WS_POPUP, 20, 30, 180, 90);
+    ASSERT_NE(hwnd, nullptr);
+    RECT client;
+    ASSERT_TRUE(GetClientRect(hwnd, &client));
+    const LONG width = client.right - client.left;
+    HDC hdc = GetDC(hwnd);
+    ASSERT_NE(hdc, nullptr);
+    EXPECT_EQ(WindowFromDC(hdc), hwnd);
+    EXPECT_EQ(Mapped(hdc, 0, 0).x, 0);
+
+    EXPECT_EQ(SetLayout(hdc, LAYOUT_RTL), 0u);
+    POINT origin = Mapped(hdc, 0, 0);
+    EXPECT_EQ(origin.x, width);
+    EXPECT_EQ(origin.y, 0);
+    POINT p = Mapped(hdc, 10, 5);
+    EXPECT_EQ(p.x, width - 10);
+    EXPECT_EQ(p.y, 5);
+    POINT back = Mapped(hdc, width - 10, 5, false);
+    EXPECT_EQ(back.x, 10);
+    EXPECT_EQ(back.y, 5);
+
+    // Mirroring comes after the mapping on the way to the device and before
+    // it on the way back.
+    SetWindowExtEx(hdc, 1, 1, nullptr);
+    SetViewportExtEx(hdc, 2, 2, nullptr);
+    SetViewportOrgEx(hdc, 3, 0, nullptr);
+    p = Mapped(hdc, 10, 5);
+    EXPECT_EQ(p.x, width - 23);
+    back = Mapped(hdc, width - 23, 10, false);
+    EXPECT_EQ(back.x, 10);
+    EXPECT_EQ(back.y, 5);
+
+    // Only exactly LAYOUT_RTL mirrors.
+    SetLayout(hdc, LAYOUT_RTL | LAYOUT_BITMAPORIENTATIONPRESERVED);
+    EXPECT_EQ(Mapped(hdc, 10, 5).x, 23);
+    SetLayout(hdc, 0);
+    EXPECT_EQ(Mapped(hdc, 10, 5).x, 23);
+    ReleaseDC(hwnd, hdc);
+    DestroyWindow(hwnd);
+}
+
+TEST(RightToLeftLayout, WholeWindowContextMirrorsAcrossTheWindowWidth)
+{
+    MessageRecorder recorder("VorlanRtlWindowDC");
+    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 150, 60);
+    RECT rc;
+    GetWindowRect(hwnd, &rc);
+    HDC hdc;
+    {
+        vorlan::GtkCriticalSection lock;
+        const RECT bounds = {0, 0, rc.right - rc.left, rc.bottom - rc.top};
+        hdc = GdiCreateWindowDC(hwnd, DCX_WINDOW, GetGdkWindow(hwnd), &bounds);
+    }
+    SetLayout(hdc, LAYOUT_RTL);
+    EXPECT_EQ(Mapped(hdc, 1, 1).x, rc.right - rc.left - 1);
+    DeleteDC(hdc);
+    DestroyWindow(hwnd);
+}
+
+TEST(RightToLeftLayout, MemoryContextDoesNotMirror)
+{
+    MemoryDC dc;
+    SetLayout(dc, LAYOUT_RTL);
+    POINT p = Mapped(dc, 0, 0);
+    EXPECT_EQ(p.x, 0);
+    p = Mapped(dc, 7, 3, false);
+    EXPECT_EQ(p.x, 7);
+}
+
+TEST(RightToLeftLayout, RealDevicePointsAddTheOutputBounds)
+{
+    MessageRecorder recorder("VorlanRtlBounds");
+    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 100, 100);
+    HDC hdc;
+    {
+        vorlan::GtkCriticalSection lock;
+        const RECT bounds = {5, 7, 55, 47};
+        hdc = GdiCreateWindowDC(hwnd, 0, GetGdkWindow(hwnd), &bounds);
+    }
+    SetViewportOrgEx(hdc, 1, 1, nullptr);
+    {
+        vorlan::GtkCriticalSection lock;
+        vorlan::CommonDeviceContext *context = vorlan::GetCommonDeviceContext(hdc);
+        LONG x = 0;
+        LONG y = 0;
+        EXPECT_TRUE(context->LogicalToRealDevice(&x, &y));
+        EXPECT_EQ(x, 6);
+        EXPECT_EQ(y, 8);
+        RECT rect = {0, 0, 10, 10};
+        EXPECT_TRUE(context->LogicalToRealDevice(&rect));
+        EXPECT_EQ(rect.right, 16);
+        EXPECT_EQ(rect.bottom, 18);
+    }
+    // LPtoDP stays in the context's own space.
+    POINT p = {0, 0};
+    LPtoDP(hdc, &p, 1);
+    EXPECT_EQ(p.x, 1);
+    DeleteDC(hdc);
+    MemoryDC memory;
+    vorlan::GtkCriticalSection lock;
+    LONG x = 4;
+    LONG y = 4;
+    vorlan::GetCommonDeviceContext(memory)->LogicalToRealDevice(&x, &y);
+    EXPECT_EQ(x, 4);
+    DestroyWindow(hwnd);
+}
