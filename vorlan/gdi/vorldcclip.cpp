@@ -5,58 +5,6 @@
 
 namespace vorlan {
 
-namespace {
-
-void DestroyGdkRegion(DHANDLE region)
-{
-    gdk_region_destroy(reinterpret_cast<GdkRegion *>(region));
-}
-
-} // namespace
-
-BOOL CopyRegionArea(HRGN dest, HRGN source)
-{
-    GdkRegion *sourceRegion = GetGdkRegion(source);
-    if (sourceRegion == nullptr || GetGdkRegion(dest) == nullptr)
-        return FALSE;
-    if (dest == source)
-        return TRUE;
-    return SetPhysicalObject(dest, kScreenSlot, reinterpret_cast<DHANDLE>(gdk_region_copy(sourceRegion)),
-                             DestroyGdkRegion, 0);
-}
-
-BOOL ReplaceRegionArea(HRGN dest, GdkRegion *area)
-{
-    if (GetGdkRegion(dest) == nullptr) {
-        gdk_region_destroy(area);
-        return FALSE;
-    }
-    return SetPhysicalObject(dest, kScreenSlot, reinterpret_cast<DHANDLE>(area), DestroyGdkRegion, 0);
-}
-
-int RegionAreaType(GdkRegion *area)
-{
-    if (area == nullptr)
-        return ERROR;
-    GdkRectangle *rectangles = nullptr;
-    gint count = 0;
-    gdk_region_get_rectangles(area, &rectangles, &count);
-    g_free(rectangles);
-    return count == 0 ? NULLREGION : count == 1 ? SIMPLEREGION : COMPLEXREGION;
-}
-
-HRGN CopyRegionObject(HRGN region)
-{
-    if (GetGdkRegion(region) == nullptr)
-        return nullptr;
-    HRGN copy = CreateRectRgn(0, 0, 0, 0);
-    if (copy != nullptr && !CopyRegionArea(copy, region)) {
-        DeleteObject(copy);
-        copy = nullptr;
-    }
-    return copy;
-}
-
 // A region that is no live region object leaves the clip as it was.
 int CommonDeviceContext::setClipRegion(HRGN region)
 {
