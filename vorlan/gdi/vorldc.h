@@ -337,6 +337,10 @@ public:
     void initObj();
     // Deletes both clip regions.
     void clearInternalRegion();
+    // Cuts a rectangle in device coordinates down to the visible area: to
+    // the bounding box of the overlap, empty when nothing is visible; false
+    // when the visible area can't be had.
+    BOOL ClipDevRect(RECT *rect);
     // The mapping of a new context: unit extents, zero origins, identity.
     void init_coordinate_system();
     // Rebuilds the transforms from the origins and extents.
@@ -361,6 +365,14 @@ private:
     // Steps of SelectObject.
     bool mayHoldBitmap(HGDIOBJ bitmap);
     int storeClipRegion(HRGN region);
+    // Steps of the clip calls: the type of the area the device draws on
+    // now, and the selection of a new clip made from `area`, which is
+    // taken over.
+    int visibleRegionType();
+    int selectClipArea(GdkRegion *area);
+    // The rectangle with logical corners, in device coordinates and
+    // normalised; null when the corners can't be converted.
+    GdkRegion *deviceRectangleArea(int left, int top, int right, int bottom);
 };
 
 // ---- Handles -------------------------------------------------------------

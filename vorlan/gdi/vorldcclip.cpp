@@ -2,6 +2,7 @@
 // of every region it is given, in device coordinates, so the caller may
 // delete its region at once.
 #include "gdi/vorldc.h"
+#include "gdi/vorlregion.h"
 
 namespace vorlan {
 
@@ -33,7 +34,34 @@ int CommonDeviceContext::setClipRegion(HRGN region)
     return COMPLEXREGION;
 }
 
-int CommonDeviceContext::SelectClipRgn(HRGN region) { return setClipRegion(region); }
+// The device's own result of setClipRegion only tells success; the caller
+// learns what is left to draw on.
+int CommonDeviceContext::SelectClipRgn(HRGN region)
+{
+    if (setClipRegion(region) == ERROR)
+        return ERROR;
+    return visibleRegionType();
+}
+
+int CommonDeviceContext::visibleRegionType()
+{
+    HRGN visible = CreateRectRgn(0, 0, 0, 0);
+    if (visible == nullptr)
+        return ERROR;
+    const int type = GetVisibleRgn(visible);
+    DeleteObject(visible);
+    return type;
+}
+
+int CommonDeviceContext::selectClipArea(GdkRegion *area)
+{
+    HRGN region = AdoptGdkRegion(area);
+    if (region == nullptr)
+        return ERROR;
+    const int type = SelectClipRgn(region);
+    DeleteObject(region);
+    return type;
+}
 
 int CommonDeviceContext::GetClipRgn(HRGN region)
 {
@@ -41,29 +69,5 @@ int CommonDeviceContext::GetClipRgn(HRGN region)
         return 0;
     return CopyRegionArea(region, dcState.hClipRegion) ? 1 : -1;
 }
-
-// The rectangle clip calls arrive with the rest of clipping.
-int CommonDeviceContext::IntersectClipRect(int, int, int, int) { return ERROR; }
-
-int CommonDeviceContext::ExcludeClipRect(int, int, int, int) { return ERROR; }
-
-int CommonDeviceContext::GetClipBox(LPRECT rect)
-{
-    if (rect == nullptr) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return ERROR;
-    }
-    SetRectEmpty(rect);
-    return ERROR;
-}
-
-BOOL CommonDeviceContext::RectVisible(const RECT *rect)
-{
-    if (rect == nullptr)
-        SetLastError(ERROR_INVALID_PARAMETER);
-    return FALSE;
-}
-
-int CommonDeviceContext::OffsetClipRgn(int, int) { return ERROR; }
 
 } // namespace vorlan

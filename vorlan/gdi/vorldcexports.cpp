@@ -120,16 +120,6 @@ int WINAPI GetTextCharacterExtra(HDC hdc)
     return CallOnDC(hdc, int(0x80000000), [&](DeviceContext *dc) { return dc->GetTextCharacterExtra(); });
 }
 
-int WINAPI SelectClipRgn(HDC hdc, HRGN hrgn)
-{
-    return CallOnDC(hdc, ERROR, [&](DeviceContext *dc) { return dc->SelectClipRgn(hrgn); });
-}
-
-int WINAPI GetClipRgn(HDC hdc, HRGN hrgn)
-{
-    return CallOnDC(hdc, -1, [&](DeviceContext *dc) { return dc->GetClipRgn(hrgn); });
-}
-
 // These four and MoveToEx expect a valid context and set no error for a
 // handle that isn't one.
 DWORD WINAPI SetLayout(HDC hdc, DWORD l)

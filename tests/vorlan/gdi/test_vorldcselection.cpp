@@ -146,7 +146,8 @@ TEST(DeviceContextSelection, RegionSelectsTheClipAndReturnsItsResult)
     HRGN region = CreateRectRgn(1, 2, 30, 40);
     HGDIOBJ result = SelectObject(dc, region);
     EXPECT_NE(result, region);
-    EXPECT_EQ(reinterpret_cast<INT_PTR>(result), 1);
+    // The clip lies outside the 1 x 1 default bitmap: nothing visible.
+    EXPECT_EQ(reinterpret_cast<INT_PTR>(result), NULLREGION);
     // The context keeps a copy: the caller's region may go.
     EXPECT_TRUE(DeleteObject(region));
     HRGN copy = CreateRectRgn(0, 0, 0, 0);
@@ -156,7 +157,8 @@ TEST(DeviceContextSelection, RegionSelectsTheClipAndReturnsItsResult)
     EXPECT_EQ(box.top, 2);
     EXPECT_EQ(box.right, 30);
     EXPECT_EQ(box.bottom, 40);
-    EXPECT_EQ(SelectClipRgn(dc, nullptr), 1);
+    // Without a clip the whole 1 x 1 default bitmap is visible.
+    EXPECT_EQ(SelectClipRgn(dc, nullptr), SIMPLEREGION);
     EXPECT_EQ(GetClipRgn(dc, copy), 0);
     DeleteObject(copy);
 }
