@@ -305,6 +305,9 @@ public:
     // Stores a copy of `region` as the application's clip (null removes it)
     // and hands the combined clip to the device.
     virtual int setClipRegion(HRGN region);
+    // Stores a copy of `region` as the painting clip of a window DC (null
+    // removes it) and hands the combined clip to the device.
+    virtual int setUpdateRgn(HRGN region);
     // Draws a shaped layout at a device point, clipped to `clip` when given.
     virtual BOOL drawPangoLayout(PangoLayout *layout, int x, int y, const RECT *clip, LPCWSTR text, int count) = 0;
     // Cuts a logical rectangle down to the visible part, with a pixel to spare.

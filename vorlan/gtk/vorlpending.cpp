@@ -34,8 +34,6 @@ HWND WINAPI GetCapture(void) { return nullptr; }
 
 // ---- Painting ---------------------------------------------------------------
 
-void ExposeWindows(HWND, const RECT *) {}
-
 void ExposeWindows(GdkRectangle *) {}
 
 // ---- Input and geometry -----------------------------------------------------
@@ -137,15 +135,7 @@ void EnsureFocusAndForegroundConsistent() {}
 
 // ---- Painting -------------------------------------------------------------------
 //
-// Nothing is invalidated or painted yet.
-
-BOOL WINAPI RedrawWindow(HWND, const RECT *, HRGN, UINT) { return TRUE; }
-
-void InvalidateNC(HWND) {}
-
-HDC WINAPI BeginPaint(HWND, LPPAINTSTRUCT) { return nullptr; }
-
-BOOL WINAPI EndPaint(HWND, const PAINTSTRUCT *) { return TRUE; }
+// Rectangles and the frame are not drawn yet.
 
 int WINAPI FillRect(HDC, const RECT *, HBRUSH) { return 0; }
 
@@ -156,6 +146,10 @@ BOOL GdiSetDCOutputBounds(HDC, const RECT *) { return FALSE; }
 void DefNCPaint(HWND, HRGN) {}
 
 // ---- Cursors, caret and input method ----------------------------------------------
+
+BOOL WINAPI HideCaret(HWND) { return FALSE; }
+
+BOOL WINAPI ShowCaret(HWND) { return FALSE; }
 
 HCURSOR WINAPI LoadCursorA(HINSTANCE, LPCSTR) { return nullptr; }
 
@@ -214,30 +208,6 @@ void DefSizeCommand(HWND, int, POINT) {}
 // ---- Device contexts ---------------------------------------------------------------
 
 void _SetDCSubWindowMode(HDC, BOOL) {}
-
-// Until painting arrives, a window's DC covers its whole X window (the
-// root window for the desktop) and dies at ReleaseDC.
-HDC WINAPI GetDC(HWND hWnd)
-{
-    vorlan::GtkCriticalSection lock;
-    if (hWnd == nullptr)
-        hWnd = GetDesktopWindow();
-    GdkWindow *window = hWnd == GetDesktopWindow() ? gdk_get_default_root_window() : GetGdkWindow(hWnd);
-    if (window == nullptr) {
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
-        return nullptr;
-    }
-    gint width = 0;
-    gint height = 0;
-    gdk_drawable_get_size(window, &width, &height);
-    const RECT bounds = {0, 0, width, height};
-    return GdiCreateWindowDC(hWnd, 0, window, &bounds);
-}
-
-int WINAPI ReleaseDC(HWND, HDC hDC)
-{
-    return DeleteDC(hDC);
-}
 
 // No metafile context records objects yet.
 BOOL DeleteObjectFromMetaFile(HDC, HGDIOBJ) { return FALSE; }

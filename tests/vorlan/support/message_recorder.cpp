@@ -143,6 +143,9 @@ std::string MessageName(UINT message)
     case WM_CLOSE: return "CLOSE";
     case WM_CONTEXTMENU: return "CONTEXTMENU";
     case WM_HELP: return "HELP";
+    case WM_PAINT: return "PAINT";
+    case WM_NCPAINT: return "NCPAINT";
+    case WM_ERASEBKGND: return "ERASEBKGND";
     default: {
         char text[16];
         std::snprintf(text, sizeof text, "0x%04x", message);

@@ -53,6 +53,7 @@ public:
     // ---- Clipping.
     int GetVisibleRgn(HRGN region) override;
     int setClipRegion(HRGN region) override;
+    int setUpdateRgn(HRGN region) override;
     BOOL GetDrawableRect(RECT *rect) override;
     void setGdkRegionToDevice(GdkRegion *region) override;
     // Gives the GC the composition of the bounds and both clip regions.

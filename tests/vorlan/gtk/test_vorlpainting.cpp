@@ -1,0 +1,347 @@
+// Update regions and the paint cycle, driven through the exports from
+// recording window procedures: what invalidation and validation leave,
+// which paint messages come and in what order, window DCs, and exposes
+// from another X client.
+#include <gtest/gtest.h>
+
+#include "gtk/vorlgtklock.h"
+#include "gtk/vorlxwindow.h"
+#include "support/gtk_helpers.h"
+#include "support/message_recorder.h"
+
+#include <gdk/gdkx.h>
+#include <X11/Xlib.h>
+
+using vorlan_test::MessageRecorder;
+using Seq = std::vector<std::string>;
+
+namespace {
+
+const std::vector<UINT> kPaintMessages = {WM_NCPAINT, WM_ERASEBKGND, WM_PAINT};
+
+::testing::AssertionResult SameRect(const RECT &actual, const RECT &expected)
+{
+    if (EqualRect(&actual, &expected))
+        return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure() << "(" << actual.left << "," << actual.top << ")-(" << actual.right << ","
+                                         << actual.bottom << ") instead of (" << expected.left << "," << expected.top
+                                         << ")-(" << expected.right << "," << expected.bottom << ")";
+}
+
+RECT UpdateRect(HWND hwnd)
+{
+    RECT rect = {-1, -1, -1, -1};
+    GetUpdateRect(hwnd, &rect, FALSE);
+    return rect;
+}
+
+bool HasUpdate(HWND hwnd)
+{
+    return GetUpdateRect(hwnd, nullptr, FALSE) != FALSE;
+}
+
+// Dispatches every queued message of the thread, paint messages included.
+void DrainMessages()
+{
+    MSG msg;
+    for (int guard = 0; guard < 1000 && PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE); ++guard)
+        DispatchMessageW(&msg);
+}
+
+// A visible popup with nothing left to paint.
+HWND PaintedPopup(MessageRecorder &recorder, int x, int y, int cx, int cy, DWORD style = 0)
+{
+    const HWND hwnd = recorder.Create(WS_POPUP | WS_VISIBLE | style, x, y, cx, cy);
+    DrainMessages();
+    RedrawWindow(hwnd, nullptr, nullptr, RDW_VALIDATE | RDW_NOFRAME | RDW_ALLCHILDREN);
+    recorder.Clear();
+    return hwnd;
+}
+
+} // namespace
+
+TEST(UpdateRegion, HiddenWindowTakesNoInvalidationAndShowingInvalidatesItWhole)
+{
+    MessageRecorder recorder("VorlanPaintHidden");
+    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 60, 40);
+    EXPECT_TRUE(InvalidateRect(hwnd, nullptr, TRUE));
+    EXPECT_FALSE(HasUpdate(hwnd));
+    ShowWindow(hwnd, SW_SHOWNA);
+    EXPECT_TRUE(SameRect(UpdateRect(hwnd), RECT{0, 0, 60, 40}));
+}
+
+TEST(UpdateRegion, RectanglesGrowAndValidationShrinksTheRegion)
+{
+    MessageRecorder recorder("VorlanPaintGrow");
+    const HWND hwnd = PaintedPopup(recorder, 0, 0, 100, 80);
+    const RECT empty = {5, 5, 5, 30};
+    EXPECT_TRUE(InvalidateRect(hwnd, &empty, FALSE));
+    EXPECT_FALSE(HasUpdate(hwnd));
+
+    const RECT first = {10, 10, 20, 20};
+    const RECT second = {50, 40, 70, 60};
+    InvalidateRect(hwnd, &first, FALSE);
+    InvalidateRect(hwnd, &second, FALSE);
+    EXPECT_TRUE(SameRect(UpdateRect(hwnd), RECT{10, 10, 70, 60}));
+    HRGN region = CreateRectRgn(0, 0, 0, 0);
+    EXPECT_EQ(GetUpdateRgn(hwnd, region, FALSE), 1);
+    EXPECT_TRUE(PtInRegion(region, 15, 15));
+    EXPECT_FALSE(PtInRegion(region, 30, 30));
+
+    ValidateRect(hwnd, &first);
+    EXPECT_TRUE(SameRect(UpdateRect(hwnd), second));
+    ValidateRect(hwnd, nullptr);
+    EXPECT_FALSE(HasUpdate(hwnd));
+    EXPECT_EQ(GetUpdateRgn(hwnd, region, FALSE), 0);
+    RECT box;
+    EXPECT_EQ(GetRgnBox(region, &box), NULLREGION);
+
+    // Clipped to the client area.
+    const RECT beyond = {90, 70, 300, 300};
+    InvalidateRect(hwnd, &beyond, FALSE);
+    EXPECT_TRUE(SameRect(UpdateRect(hwnd), RECT{90, 70, 100, 80}));
+    DeleteObject(region);
+}
+
+TEST(UpdateRegion, RegionOutsideTheClientAreaStillBringsOnePaint)
+{
+    MessageRecorder recorder("VorlanPaintOutside");
+    const HWND hwnd = PaintedPopup(recorder, 0, 0, 50, 50);
+    const RECT outside = {100, 100, 120, 120};
+    EXPECT_TRUE(InvalidateRect(hwnd, &outside, FALSE));
+    EXPECT_TRUE(HasUpdate(hwnd));
+    EXPECT_TRUE(SameRect(UpdateRect(hwnd), RECT{0, 0, 0, 0}));
+    DrainMessages();
+    EXPECT_EQ(recorder.Sequence({hwnd}, kPaintMessages), (Seq{"0:PAINT"}));
+    EXPECT_FALSE(HasUpdate(hwnd));
+}
+
+TEST(UpdateRegion, ClippingParentPassesNothingOnUnlessAllChildrenAreAsked)
+{
+    MessageRecorder recorder("VorlanPaintClipChildren");
+    const HWND parent = PaintedPopup(recorder, 0, 0, 100, 100, WS_CLIPCHILDREN);
+    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 10, 10, 30, 30, parent);
+    RedrawWindow(parent, nullptr, nullptr, RDW_VALIDATE | RDW_NOFRAME | RDW_ALLCHILDREN);
+    recorder.Clear();
+
+    InvalidateRect(parent, nullptr, FALSE);
+    EXPECT_TRUE(HasUpdate(parent));
+    EXPECT_FALSE(HasUpdate(child));
+
+    // Invalidation that reaches a child also owes it its frame.
+    RedrawWindow(parent, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    UpdateWindow(parent);
+    EXPECT_EQ(recorder.Sequence({parent, child}, kPaintMessages), (Seq{"0:PAINT", "1:NCPAINT", "1:PAINT"}));
+    EXPECT_FALSE(HasUpdate(parent));
+    EXPECT_FALSE(HasUpdate(child));
+}
+
+TEST(UpdateRegion, ChildGetsTheCoveredPartInItsOwnCoordinates)
+{
+    MessageRecorder recorder("VorlanPaintChildPart");
+    const HWND parent = PaintedPopup(recorder, 0, 0, 100, 100);
+    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE | WS_BORDER, 20, 30, 40, 40, parent);
+    RedrawWindow(parent, nullptr, nullptr, RDW_VALIDATE | RDW_NOFRAME | RDW_ALLCHILDREN);
+    const RECT part = {0, 0, 30, 45};
+    InvalidateRect(parent, &part, FALSE);
+    // The child's client area starts inside its border of one pixel.
+    EXPECT_TRUE(SameRect(UpdateRect(child), RECT{0, 0, 9, 14}));
+
+    // Validation uses the child's client rectangle.
+    ValidateRect(parent, nullptr);
+    EXPECT_FALSE(HasUpdate(child));
+}
+
+TEST(UpdateRegion, UpdatingAChildTakesItsRectangleOutOfTheParent)
+{
+    MessageRecorder recorder("VorlanPaintChildFirst");
+    const HWND parent = PaintedPopup(recorder, 0, 0, 100, 100);
+    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 10, 10, 30, 30, parent);
+    RedrawWindow(parent, nullptr, nullptr, RDW_VALIDATE | RDW_NOFRAME | RDW_ALLCHILDREN);
+    InvalidateRect(parent, nullptr, FALSE);
+    recorder.Clear();
+    UpdateWindow(child);
+    EXPECT_EQ(recorder.Sequence({parent, child}, kPaintMessages), (Seq{"1:NCPAINT", "1:PAINT"}));
+    HRGN region = CreateRectRgn(0, 0, 0, 0);
+    EXPECT_EQ(GetUpdateRgn(parent, region, FALSE), 1);
+    EXPECT_FALSE(PtInRegion(region, 20, 20));
+    EXPECT_TRUE(PtInRegion(region, 5, 5));
+    EXPECT_TRUE(PtInRegion(region, 60, 60));
+    DeleteObject(region);
+}
+
+TEST(PaintCycle, BeginPaintErasesWhenOwedAndReportsThePaintRectangle)
+{
+    MessageRecorder recorder("VorlanPaintBegin");
+    PAINTSTRUCT seen = {};
+    HDC paintDc = nullptr;
+    bool updateLeftDuringPaint = true;
+    recorder.Answer(WM_ERASEBKGND, [](HWND, WPARAM, LPARAM) { return LRESULT(0); });
+    recorder.Answer(WM_PAINT, [&](HWND hwnd, WPARAM, LPARAM) {
+        PAINTSTRUCT ps = {};
+        paintDc = BeginPaint(hwnd, &ps);
+        seen = ps;
+        updateLeftDuringPaint = HasUpdate(hwnd);
+        EndPaint(hwnd, &ps);
+        return LRESULT(0);
+    });
+    const HWND hwnd = PaintedPopup(recorder, 0, 0, 80, 60);
+
+    const RECT area = {10, 20, 30, 40};
+    InvalidateRect(hwnd, &area, TRUE);
+    UpdateWindow(hwnd);
+    EXPECT_NE(paintDc, nullptr);
+    EXPECT_EQ(seen.hdc, paintDc);
+    EXPECT_TRUE(seen.fErase);
+    EXPECT_TRUE(SameRect(seen.rcPaint, area));
+    EXPECT_FALSE(updateLeftDuringPaint);
+    EXPECT_EQ(recorder.Sequence({hwnd}, kPaintMessages), (Seq{"0:PAINT", "0:ERASEBKGND"}));
+    EXPECT_EQ(GetObjectType(paintDc), 0u);
+
+    recorder.Clear();
+    InvalidateRect(hwnd, nullptr, FALSE);
+    UpdateWindow(hwnd);
+    EXPECT_FALSE(seen.fErase);
+    EXPECT_TRUE(SameRect(seen.rcPaint, RECT{0, 0, 80, 60}));
+    EXPECT_EQ(recorder.Sequence({hwnd}, kPaintMessages), (Seq{"0:PAINT"}));
+
+    PAINTSTRUCT ps;
+    SetLastError(0);
+    EXPECT_EQ(BeginPaint(hwnd, nullptr), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    EXPECT_EQ(BeginPaint(vorlan_test::FakeHwnd(60010), &ps), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_FALSE(EndPaint(hwnd, nullptr));
+}
+
+TEST(PaintCycle, DefaultProcedureEndsThePaintCycle)
+{
+    MessageRecorder recorder("VorlanPaintDefault");
+    const HWND hwnd = PaintedPopup(recorder, 0, 0, 40, 40);
+    InvalidateRect(hwnd, nullptr, TRUE);
+    DrainMessages();
+    EXPECT_EQ(recorder.Sequence({hwnd}, kPaintMessages), (Seq{"0:PAINT", "0:ERASEBKGND"}));
+    EXPECT_FALSE(HasUpdate(hwnd));
+    MSG msg;
+    EXPECT_FALSE(PeekMessageW(&msg, hwnd, WM_PAINT, WM_PAINT, PM_NOREMOVE));
+}
+
+TEST(PaintCycle, UpdateQueriesSendTheOwedFrameAndErase)
+{
+    MessageRecorder recorder("VorlanPaintQueries");
+    const HWND hwnd = PaintedPopup(recorder, 0, 0, 40, 40);
+    RedrawWindow(hwnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
+    RECT rect;
+    EXPECT_TRUE(GetUpdateRect(hwnd, &rect, TRUE));
+    EXPECT_EQ(recorder.Sequence({hwnd}, kPaintMessages), (Seq{"0:NCPAINT", "0:ERASEBKGND"}));
+    recorder.Clear();
+    EXPECT_TRUE(GetUpdateRect(hwnd, &rect, TRUE));
+    EXPECT_TRUE(recorder.Sequence({hwnd}, kPaintMessages).empty());
+
+    SetLastError(0);
+    EXPECT_EQ(GetUpdateRgn(hwnd, nullptr, FALSE), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    HRGN region = CreateRectRgn(0, 0, 1, 1);
+    EXPECT_EQ(GetUpdateRgn(vorlan_test::FakeHwnd(60011), region, FALSE), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_FALSE(GetUpdateRect(vorlan_test::FakeHwnd(60011), &rect, FALSE));
+    EXPECT_FALSE(RedrawWindow(vorlan_test::FakeHwnd(60011), nullptr, nullptr, RDW_INVALIDATE));
+    EXPECT_FALSE(InvalidateRect(vorlan_test::FakeHwnd(60011), nullptr, TRUE));
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    DeleteObject(region);
+}
+
+TEST(WindowDC, OwnDcIsTheSameEachTimeSurvivesReleaseAndDiesWithTheWindow)
+{
+    MessageRecorder recorder("VorlanPaintOwnDC", true, CS_OWNDC);
+    const HWND hwnd = recorder.Create(WS_POPUP | WS_VISIBLE, 0, 0, 40, 40);
+    const HDC first = GetDCEx(hwnd, nullptr, 0);
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(GetDCEx(hwnd, nullptr, 0), first);
+    EXPECT_EQ(GetDC(hwnd), first);
+    EXPECT_EQ(ReleaseDC(hwnd, first), 1);
+    EXPECT_EQ(GetObjectType(first), DWORD(OBJ_DC));
+    // A cache or whole-window DC is a DC of its own.
+    const HDC cache = GetDCEx(hwnd, nullptr, DCX_CACHE);
+    EXPECT_NE(cache, first);
+    ReleaseDC(hwnd, cache);
+    EXPECT_EQ(GetObjectType(cache), 0u);
+    DestroyWindow(hwnd);
+    EXPECT_EQ(GetObjectType(first), 0u);
+}
+
+TEST(WindowDC, ZeroHandleGivesADesktopDcAndDeadWindowsNone)
+{
+    SetLastError(0);
+    const HDC desktop = GetDC(nullptr);
+    EXPECT_NE(desktop, nullptr);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_EQ(GetDeviceCaps(desktop, HORZRES), GetSystemMetrics(SM_CXSCREEN));
+    EXPECT_EQ(ReleaseDC(nullptr, desktop), 1);
+    const HDC whole = GetWindowDC(nullptr);
+    EXPECT_NE(whole, nullptr);
+    ReleaseDC(nullptr, whole);
+
+    SetLastError(0);
+    EXPECT_EQ(GetDC(vorlan_test::FakeHwnd(60012)), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_EQ(ReleaseDC(vorlan_test::FakeHwnd(60012), nullptr), 0);
+    EXPECT_TRUE(LockWindowUpdate(nullptr));
+    EXPECT_FALSE(LockWindowUpdate(vorlan_test::FakeHwnd(60012)));
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+}
+
+TEST(WindowDC, ClientDcOfADecoratedWindowStartsAtItsClientArea)
+{
+    MessageRecorder recorder("VorlanPaintDecoratedDC");
+    const HWND hwnd = recorder.Create(WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 150);
+    RECT client;
+    GetClientRect(hwnd, &client);
+    const HDC dc = GetDC(hwnd);
+    RECT box = {};
+    EXPECT_NE(GetClipBox(dc, &box), ERROR);
+    EXPECT_TRUE(SameRect(box, client));
+    ReleaseDC(hwnd, dc);
+}
+
+TEST(ExposeFromX, UncoveredPartOfAWindowIsRepainted)
+{
+    MessageRecorder recorder("VorlanPaintExpose");
+    std::vector<RECT> painted;
+    recorder.Answer(WM_PAINT, [&](HWND hwnd, WPARAM, LPARAM) {
+        PAINTSTRUCT ps;
+        BeginPaint(hwnd, &ps);
+        painted.push_back(ps.rcPaint);
+        EndPaint(hwnd, &ps);
+        return LRESULT(0);
+    });
+    ASSERT_NE(recorder.Create(WS_POPUP | WS_VISIBLE, 100, 100, 200, 150), nullptr);
+    ASSERT_TRUE(vorlan_test::PumpUntil([&] {
+        DrainMessages();
+        return !painted.empty();
+    }));
+
+    // Another client's window covers part of ours, then goes.
+    Display *other = XOpenDisplay(nullptr);
+    ASSERT_NE(other, nullptr);
+    XSetWindowAttributes attributes = {};
+    attributes.override_redirect = True;
+    const ::Window cover = XCreateWindow(other, DefaultRootWindow(other), 150, 120, 40, 30, 0, CopyFromParent,
+                                         InputOutput, CopyFromParent, CWOverrideRedirect, &attributes);
+    XMapRaised(other, cover);
+    XSync(other, False);
+    vorlan_test::PumpUntil([&] {
+        DrainMessages();
+        return false;
+    }, 200);
+    painted.clear();
+    XDestroyWindow(other, cover);
+    XSync(other, False);
+    XCloseDisplay(other);
+    ASSERT_TRUE(vorlan_test::PumpUntil([&] {
+        DrainMessages();
+        return !painted.empty();
+    }));
+    ASSERT_EQ(painted.size(), 1u);
+    EXPECT_TRUE(SameRect(painted[0], RECT{50, 20, 90, 50}));
+}
