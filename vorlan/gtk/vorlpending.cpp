@@ -151,8 +151,6 @@ int WINAPI FillRect(HDC, const RECT *, HBRUSH) { return 0; }
 
 BOOL WINAPI DrawFocusRect(HDC, const RECT *) { return FALSE; }
 
-BOOL GdiSetDCOutputBounds(HDC, const RECT *) { return FALSE; }
-
 void DefNCPaint(HWND, HRGN) {}
 
 // ---- Cursors, caret and input method ----------------------------------------------
@@ -212,8 +210,6 @@ void DefNCMouse(HWND, UINT, WPARAM, LPARAM) {}
 void DefSizeCommand(HWND, int, POINT) {}
 
 // ---- Device contexts ---------------------------------------------------------------
-
-void _SetDCSubWindowMode(HDC, BOOL) {}
 
 // Until painting arrives, a window's DC covers its whole X window (the
 // root window for the desktop) and dies at ReleaseDC.
