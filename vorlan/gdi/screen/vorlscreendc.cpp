@@ -256,6 +256,12 @@ GdkColor ScreenContext::GetGdkColor(COLORREF color)
     result.red = static_cast<guint16>(GetRValue(color) * 257);
     result.green = static_cast<guint16>(GetGValue(color) * 257);
     result.blue = static_cast<guint16>(GetBValue(color) * 257);
+    if (drawable != nullptr && gdk_drawable_get_depth(drawable) == 1) {
+        // A mono bitmap keeps the low bit of a pixel: take the nearer of
+        // black and white instead.
+        result.pixel = GetRValue(color) + GetGValue(color) + GetBValue(color) >= 3 * 128 ? 1 : 0;
+        return result;
+    }
     if (colormap != nullptr)
         gdk_rgb_find_color(colormap, &result);
     return result;

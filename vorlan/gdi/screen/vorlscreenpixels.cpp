@@ -10,12 +10,6 @@ COLORREF ColorOf(const GdkColor &color)
     return RGB(color.red >> 8, color.green >> 8, color.blue >> 8);
 }
 
-// What a mono drawable makes of a colour: white from mid-grey up.
-bool IsLightColor(COLORREF color)
-{
-    return GetRValue(color) + GetGValue(color) + GetBValue(color) >= 3 * 128;
-}
-
 } // namespace
 
 bool ScreenContext::pointInClipBox(int x, int y)
@@ -40,12 +34,10 @@ COLORREF ScreenContext::SetPixel(int x, int y, COLORREF color)
     POINT point = {x, y};
     LogicalToRealDevice(&point, 1);
     if (gdk_drawable_get_depth(drawable) == 1) {
-        const bool light = IsLightColor(color);
-        GdkColor pixel = {};
-        pixel.pixel = light ? 1 : 0;
+        const GdkColor pixel = GetGdkColor(color);
         gdk_gc_set_foreground(gc, &pixel);
         gdk_draw_point(drawable, gc, point.x, point.y);
-        return light ? RGB(255, 255, 255) : RGB(0, 0, 0);
+        return pixel.pixel != 0 ? RGB(255, 255, 255) : RGB(0, 0, 0);
     }
     const GdkColor nearest = GetGdkColor(color);
     guchar rgb[4] = {static_cast<guchar>(nearest.red >> 8), static_cast<guchar>(nearest.green >> 8),

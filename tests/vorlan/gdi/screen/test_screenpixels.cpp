@@ -43,6 +43,20 @@ TEST(ScreenPixels, MonoBitmapHoldsBlackAndWhite)
     EXPECT_EQ(GetPixel(mono, 2, 2), kWhite);
 }
 
+TEST(ScreenPixels, MonoBitmapTakesTheNearerOfBlackAndWhiteForBrushesAndPens)
+{
+    Canvas mono(16, 16, 1);
+    mono.UseBrush(CreateSolidBrush(kBlue));
+    mono.UsePen(CreatePen(PS_SOLID, 1, RGB(250, 250, 200)));
+    mono.Clear(kWhite);
+    Rectangle(mono, 0, 0, 10, 10);
+    EXPECT_EQ(mono.At(5, 5), kBlack);
+    EXPECT_EQ(mono.At(0, 0), kWhite);
+    mono.UseBrush(CreateSolidBrush(RGB(200, 200, 255)));
+    PatBlt(mono, 0, 0, 16, 16, PATCOPY);
+    EXPECT_EQ(mono.Count(kWhite), 16 * 16);
+}
+
 TEST(ScreenPatBlt, BlacknessWhitenessAndDstInvert)
 {
     Canvas canvas;
