@@ -186,9 +186,9 @@ bool ScreenContext::RealizeBrush(PhysicalScreenBrush *record, const LOGBRUSH &lo
             record->crText = dcState.crTextColor;
             record->crBk = dcState.crBkColor;
             record->values.tile = expandMonoPattern(pixmap);
-        } else {
+        } else if (drawable != nullptr && gdk_drawable_get_depth(pixmap) == gdk_drawable_get_depth(drawable)) {
             record->values.tile = GDK_PIXMAP(g_object_ref(pixmap));
-        }
+        } // a tile of another depth than the target's can't be had
         return record->values.tile != nullptr;
     }
     case BS_DIBPATTERN:
@@ -229,7 +229,8 @@ GdkPixmap *ScreenContext::expandMonoPattern(GdkPixmap *mono)
 // pixbuf and draws that onto a pixmap like the target.
 GdkPixmap *ScreenContext::dibPatternPixmap(HGLOBAL packedDib)
 {
-    if (packedDib == nullptr || drawable == nullptr)
+    // A colour picture has no place on a mono target.
+    if (packedDib == nullptr || drawable == nullptr || gdk_drawable_get_depth(drawable) == 1)
         return nullptr;
     const auto *info = static_cast<const BITMAPINFO *>(GlobalLock(packedDib));
     if (info == nullptr)

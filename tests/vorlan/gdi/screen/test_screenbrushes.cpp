@@ -134,3 +134,29 @@ TEST(ScreenBrushes, PatternSurvivesAPenDrawnAfterIt)
     PatBlt(canvas, 20, 20, 4, 4, BLACKNESS);
     EXPECT_EQ(canvas.Row(21, 20, 23, kBlack), "####");
 }
+
+TEST(ScreenBrushes, ColourPatternsOnAMonoBitmapFillNothingAndDoNotFail)
+{
+    Canvas mono(8, 8, 1);
+    HBITMAP checker = ColourChecker(mono);
+    mono.UseBrush(CreatePatternBrush(checker));
+    DeleteObject(checker);
+    EXPECT_TRUE(PatBlt(mono, 0, 0, 8, 8, PATCOPY));
+    EXPECT_EQ(mono.Count(kWhite), 64);
+    HGLOBAL dib = PackedDib();
+    mono.UseBrush(CreateDIBPatternBrush(dib, DIB_RGB_COLORS));
+    EXPECT_TRUE(PatBlt(mono, 0, 0, 8, 8, PATCOPY));
+    EXPECT_EQ(mono.Count(kWhite), 64);
+    mono.UseBrush(static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    GlobalFree(dib);
+}
+
+TEST(ScreenBrushes, MonoPatternOnAMonoBitmapKeepsItsBits)
+{
+    Canvas mono(4, 1, 1);
+    HBITMAP pair = MonoPair();
+    mono.UseBrush(CreatePatternBrush(pair));
+    DeleteObject(pair);
+    PatBlt(mono, 0, 0, 4, 1, PATCOPY);
+    EXPECT_EQ(mono.Row(0, 0, 3, kBlack), "#.#.");
+}
