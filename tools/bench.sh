@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the benchmarks and runs them inside a private Xvfb, then prints each
-# message-queue figure beside its baseline and their ratio.
+# figure beside its baseline and their ratio.
 #
 #   tools/bench.sh [build-dir] [extra benchmark arguments...]
 #
@@ -38,9 +38,13 @@ for b in json.load(open(sys.argv[1]))["benchmarks"]:
     else:
         runs.setdefault(name, b)
 print()
-print("%-16s %14s %14s %8s" % ("measure", "queue", "baseline", "ratio"))
-for measure, unit in (("PostPeek", "ns/message"), ("SendRoundTrip", "ns/round trip")):
-    queue, base = runs.get(measure + "/Queue"), runs.get(measure + "/Baseline")
+print("%-16s %14s %14s %8s" % ("measure", "vorlan", "baseline", "ratio"))
+measures = (("PostPeek", "ns/message"), ("SendRoundTrip", "ns/round trip"),
+            ("DrawLines", "ns/batch of 64"), ("DrawRectangles", "ns/batch of 64"),
+            ("DrawEllipses", "ns/batch of 64"), ("PatternFills", "ns/batch of 64"))
+for measure, unit in measures:
+    queue = runs.get(measure + "/Queue") or runs.get(measure + "/Vorlan")
+    base = runs.get(measure + "/Baseline")
     if not queue or not base:
         continue
     q, b = queue["real_time"], base["real_time"]

@@ -73,10 +73,35 @@ bool FixedModeExtents(int mode, int hs, int vs, int hr, int vr, ModeExtents &out
     }
 }
 
+// A whole-number offset of a LONG, saturated like the general case.
+LONG OffsetLong(LONG value, FLOAT offset)
+{
+    const long long sum = static_cast<long long>(value) + static_cast<long long>(offset);
+    if (sum >= INT_MAX)
+        return INT_MAX;
+    if (sum <= INT_MIN)
+        return INT_MIN;
+    return static_cast<LONG>(sum);
+}
+
+// Offsets no larger than this are exact in a FLOAT and in a long long.
+constexpr FLOAT kExactOffset = 16777216.0f;
+
+bool IsWholeTranslation(const XFORM &xform)
+{
+    return xform.eM11 == 1.0f && xform.eM22 == 1.0f && xform.eM12 == 0.0f && xform.eM21 == 0.0f &&
+           std::fabs(xform.eDx) <= kExactOffset && std::fabs(xform.eDy) <= kExactOffset &&
+           xform.eDx == std::trunc(xform.eDx) && xform.eDy == std::trunc(xform.eDy);
+}
+
 } // namespace
 
 POINT TransformPoint(const XFORM &xform, LONG x, LONG y)
 {
+    // The usual MM_TEXT mapping moves points by whole numbers: no rounding
+    // to do, and drawing calls convert points all the time.
+    if (IsWholeTranslation(xform))
+        return {OffsetLong(x, xform.eDx), OffsetLong(y, xform.eDy)};
     const long double lx = x;
     const long double ly = y;
     const long double dx = std::floor(lx * xform.eM11 + ly * xform.eM21 + xform.eDx + 0.5L);

@@ -141,8 +141,6 @@ int WINAPI FillRect(HDC, const RECT *, HBRUSH) { return 0; }
 
 BOOL WINAPI DrawFocusRect(HDC, const RECT *) { return FALSE; }
 
-BOOL GdiSetDCOutputBounds(HDC, const RECT *) { return FALSE; }
-
 void DefNCPaint(HWND, HRGN) {}
 
 // ---- Cursors, caret and input method ----------------------------------------------
@@ -207,7 +205,6 @@ void DefSizeCommand(HWND, int, POINT) {}
 
 // ---- Device contexts ---------------------------------------------------------------
 
-void _SetDCSubWindowMode(HDC, BOOL) {}
 
 // No metafile context records objects yet.
 BOOL DeleteObjectFromMetaFile(HDC, HGDIOBJ) { return FALSE; }

@@ -133,10 +133,10 @@ BOOL WINAPI DeleteDC(HDC hdc);
 VORLAN_END_DECLS
 
 // Limits a window DC's output to the rectangle of its X window.
-BOOL GdiSetDCOutputBounds(HDC hdc, const RECT *rect);
+VORLAN_INTERNAL BOOL GdiSetDCOutputBounds(HDC hdc, const RECT *rect);
 
 // Non-zero: drawing on the DC leaves child windows out; 0: it covers them.
-void _SetDCSubWindowMode(HDC hdc, BOOL mode);
+VORLAN_INTERNAL void _SetDCSubWindowMode(HDC hdc, BOOL mode);
 
 // Tells the metafile context `hdc` that an object it recorded is deleted.
 BOOL DeleteObjectFromMetaFile(HDC hdc, HGDIOBJ hObject);

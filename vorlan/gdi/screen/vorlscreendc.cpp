@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <vector>
 
 using vorlan::CommonDeviceContext;
 using vorlan::LogicalGdiObject;
@@ -85,16 +86,6 @@ void ScreenContext::setGCColors()
 
 // ---- Drawing ------------------------------------------------------------------
 
-BOOL ScreenContext::PatBlt(int, int, int, int, DWORD) { return FALSE; }
-BOOL ScreenContext::LineTo(int, int) { return FALSE; }
-BOOL ScreenContext::Polyline(const POINT *, int) { return FALSE; }
-BOOL ScreenContext::Rectangle(int, int, int, int) { return FALSE; }
-BOOL ScreenContext::RoundRect(int, int, int, int, int, int) { return FALSE; }
-BOOL ScreenContext::Ellipse(int, int, int, int) { return FALSE; }
-BOOL ScreenContext::Polygon(const POINT *, int) { return FALSE; }
-BOOL ScreenContext::Arc(int, int, int, int, int, int, int, int) { return FALSE; }
-BOOL ScreenContext::Chord(int, int, int, int, int, int, int, int) { return FALSE; }
-BOOL ScreenContext::Pie(int, int, int, int, int, int, int, int) { return FALSE; }
 BOOL ScreenContext::drawPangoLayout(PangoLayout *, int, int, const RECT *, LPCWSTR, int) { return FALSE; }
 
 // ---- Mapping --------------------------------------------------------------------
@@ -265,6 +256,12 @@ GdkColor ScreenContext::GetGdkColor(COLORREF color)
     result.red = static_cast<guint16>(GetRValue(color) * 257);
     result.green = static_cast<guint16>(GetGValue(color) * 257);
     result.blue = static_cast<guint16>(GetBValue(color) * 257);
+    if (drawable != nullptr && gdk_drawable_get_depth(drawable) == 1) {
+        // A mono bitmap keeps the low bit of a pixel: take the nearer of
+        // black and white instead.
+        result.pixel = GetRValue(color) + GetGValue(color) + GetBValue(color) >= 3 * 128 ? 1 : 0;
+        return result;
+    }
     if (colormap != nullptr)
         gdk_rgb_find_color(colormap, &result);
     return result;
@@ -289,6 +286,8 @@ DHANDLE ScreenContext::realizeBitmap(HGDIOBJ handle)
     if (bm.bmBitsPixel == GetDeviceCaps(BITSPIXEL))
         gdk_drawable_set_colormap(pixmap, colormap);
     SetPhysicalObject(handle, vorlan::kScreenSlot, reinterpret_cast<DHANDLE>(pixmap), UnrefPixmap, 0);
+    if (bm.bmBits != nullptr && object->record.bitmap.pHeader == nullptr && uploadBitmapBits(pixmap, bm))
+        return reinterpret_cast<DHANDLE>(pixmap);
     // Pixels nobody set start dark red-brown, not black.
     GdkGC *fill = gdk_gc_new(pixmap);
     GdkColor colour = {};
@@ -300,6 +299,52 @@ DHANDLE ScreenContext::realizeBitmap(HGDIOBJ handle)
     return reinterpret_cast<DHANDLE>(pixmap);
 }
 
+// Device-dependent rows as CreateBitmap takes them: mono rows most
+// significant bit first with 1 for white, colour rows as blue, green, red
+// (and a pad byte at 32 bits).  Other layouts are left to the caller.
+bool ScreenContext::uploadBitmapBits(GdkPixmap *pixmap, const BITMAP &bm)
+{
+    const int width = std::abs(bm.bmWidth);
+    const int height = std::abs(bm.bmHeight);
+    const auto *rows = static_cast<const guchar *>(bm.bmBits);
+    if (bm.bmBitsPixel == 1) {
+        // GDK's bitmaps are least significant bit first, rows whole bytes.
+        const int stride = (width + 7) / 8;
+        std::vector<gchar> data(static_cast<size_t>(stride) * height);
+        for (int y = 0; y < height; ++y) {
+            for (int x = 0; x < width; ++x) {
+                if (rows[y * bm.bmWidthBytes + (x >> 3)] & (0x80 >> (x & 7)))
+                    data[static_cast<size_t>(y) * stride + (x >> 3)] |= static_cast<gchar>(1 << (x & 7));
+            }
+        }
+        GdkPixmap *source = gdk_bitmap_create_from_data(nullptr, data.data(), width, height);
+        if (source == nullptr)
+            return false;
+        GdkGC *copy = gdk_gc_new(pixmap);
+        gdk_draw_drawable(pixmap, copy, source, 0, 0, 0, 0, width, height);
+        g_object_unref(copy);
+        g_object_unref(source);
+        return true;
+    }
+    if ((bm.bmBitsPixel != 24 && bm.bmBitsPixel != 32) || gdk_drawable_get_colormap(pixmap) == nullptr)
+        return false;
+    const int step = bm.bmBitsPixel / 8;
+    std::vector<guchar> rgb(static_cast<size_t>(width) * height * 3);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            const guchar *p = rows + y * bm.bmWidthBytes + x * step;
+            guchar *out = &rgb[(static_cast<size_t>(y) * width + x) * 3];
+            out[0] = p[2];
+            out[1] = p[1];
+            out[2] = p[0];
+        }
+    }
+    GdkGC *copy = gdk_gc_new(pixmap);
+    gdk_draw_rgb_image(pixmap, copy, 0, 0, width, height, GDK_RGB_DITHER_NONE, rgb.data(), width * 3);
+    g_object_unref(copy);
+    return true;
+}
+
 DHANDLE ScreenContext::RealizeObject(HGDIOBJ object)
 {
     const UINT objectType = GetObjectType(object);
@@ -307,6 +352,8 @@ DHANDLE ScreenContext::RealizeObject(HGDIOBJ object)
         return 0;
     if (objectType == OBJ_BITMAP)
         return realizeBitmap(object);
+    if (objectType == OBJ_BRUSH)
+        return realizeBrush(object);
     return 1;
 }
 
@@ -338,8 +385,12 @@ int ScreenContext::ApplyObject(UINT objectType)
     switch (objectType) {
     case OBJ_BITMAP:
         return applyBitmap();
+    case OBJ_PEN:
+        return applyPen();
+    case OBJ_BRUSH:
+        return applyBrush();
     case OBJ_FONT:
-        return CommonDeviceContext::ApplyObject(objectType);
+        return applyFont();
     default:
         return 1;
     }
@@ -399,10 +450,11 @@ int ScreenContext::setClipRegion(HRGN region)
     return UpdateClipping();
 }
 
-int ScreenContext::UpdateClipping()
+// The bounds of a window DC, cut by its update region and the application's
+// clip; for a memory DC the application's clip inside the pixmap, or null
+// when nothing clips.  Drawable coordinates; the caller destroys it.
+GdkRegion *ScreenContext::deviceClipArea()
 {
-    if (gc == nullptr)
-        return 1;
     GdkRegion *clip = GetGdkRegion(dcState.hClipRegion);
     if (hwnd != nullptr) {
         const GdkRectangle box = {0, 0, outputBounds.right - outputBounds.left,
@@ -413,23 +465,60 @@ int ScreenContext::UpdateClipping()
         if (clip != nullptr)
             gdk_region_intersect(area, clip);
         gdk_region_offset(area, outputBounds.left, outputBounds.top);
-        gdk_gc_set_clip_region(gc, area);
-        gdk_region_destroy(area);
-        return 1;
+        return area;
     }
-    if (clip == nullptr || drawable == nullptr) {
-        gdk_gc_set_clip_region(gc, nullptr);
-        return 1;
-    }
+    if (clip == nullptr || drawable == nullptr)
+        return nullptr;
     gint width = 0;
     gint height = 0;
     gdk_drawable_get_size(drawable, &width, &height);
     const GdkRectangle box = {0, 0, width, height};
     GdkRegion *area = gdk_region_rectangle(&box);
     gdk_region_intersect(area, clip);
+    return area;
+}
+
+int ScreenContext::UpdateClipping()
+{
+    if (gc == nullptr)
+        return 1;
+    GdkRegion *area = deviceClipArea();
     gdk_gc_set_clip_region(gc, area);
-    gdk_region_destroy(area);
+    if (area != nullptr)
+        gdk_region_destroy(area);
     return 1;
+}
+
+BOOL ScreenContext::FillDeviceRegion(const GdkRegion *region)
+{
+    if (region == nullptr || drawable == nullptr || ApplyObject(OBJ_BRUSH) == 0)
+        return FALSE;
+    GdkRegion *area = gdk_region_copy(region);
+    const POINT offset = deviceOffset();
+    gdk_region_offset(area, offset.x, offset.y);
+    if (GdkRegion *clip = deviceClipArea()) {
+        gdk_region_intersect(area, clip);
+        gdk_region_destroy(clip);
+    }
+    GdkRectangle box;
+    gdk_region_get_clipbox(area, &box);
+    gdk_gc_set_clip_region(gc, area);
+    gdk_draw_rectangle(drawable, gc, TRUE, box.x, box.y, box.width, box.height);
+    gdk_region_destroy(area);
+    UpdateClipping();
+    return TRUE;
+}
+
+void ScreenContext::SetOutputBounds(const RECT *rect)
+{
+    outputBounds = *rect;
+    UpdateClipping();
+}
+
+void ScreenContext::SetSubWindowMode(BOOL clipChildren)
+{
+    if (gc != nullptr)
+        gdk_gc_set_subwindow(gc, clipChildren ? GDK_CLIP_BY_CHILDREN : GDK_INCLUDE_INFERIORS);
 }
 
 // ---- Glue for the window side ----------------------------------------------------
@@ -440,11 +529,48 @@ HDC GdiCreateWindowDC(HWND hwnd, DWORD flags, GdkDrawable *drawable, const RECT 
     return static_cast<HDC>(context->handle);
 }
 
+ScreenContext *GetScreenContext(HDC hdc)
+{
+    const UINT tag = vorlan::GdiHandleType(hdc);
+    if (tag != OBJ_DC && tag != OBJ_MEMDC)
+        return nullptr;
+    return dynamic_cast<ScreenContext *>(vorlan::GetDeviceContext(hdc));
+}
+
 BOOL GdiGetDCOutputBounds(HDC hdc, RECT *rect)
 {
-    auto *context = dynamic_cast<ScreenContext *>(vorlan::GetDeviceContext(hdc));
+    ScreenContext *context = GetScreenContext(hdc);
     if (context == nullptr || rect == nullptr)
         return FALSE;
-    *rect = context->outputBounds;
+    context->GetOutputBounds(rect);
     return TRUE;
 }
+
+BOOL GdiSetDCOutputBounds(HDC hdc, const RECT *rect)
+{
+    ScreenContext *context = GetScreenContext(hdc);
+    if (context == nullptr || rect == nullptr)
+        return FALSE;
+    context->SetOutputBounds(rect);
+    return TRUE;
+}
+
+void _SetDCSubWindowMode(HDC hdc, BOOL mode)
+{
+    if (ScreenContext *context = GetScreenContext(hdc))
+        context->SetSubWindowMode(mode);
+}
+
+GdkGC *GetGdkGC(HDC hdc)
+{
+    ScreenContext *context = GetScreenContext(hdc);
+    return context != nullptr ? context->gc : nullptr;
+}
+
+GdkDrawable *GetGdkDrawable(HDC hdc)
+{
+    ScreenContext *context = GetScreenContext(hdc);
+    return context != nullptr ? context->drawable : nullptr;
+}
+
+int GetSystemDisplayDepth() { return gdk_visual_get_system()->depth; }

@@ -10,6 +10,20 @@
 
 #include "gdi/vorldc.h"
 
+// What a brush becomes on the screen: the GC values that paint with it,
+// kept in the brush's physical slot 0 and made anew when the colormap of
+// the target, or the colours a mono pattern was expanded in, change.
+struct VORLAN_INTERNAL PhysicalScreenBrush {
+    GdkColormap *colormap; // of the target at realisation; null on depth 1
+    GdkGCValuesMask mask;  // 0 for a null brush
+    GdkGCValues values;    // foreground, fill, tile (counted), origin
+    COLORREF crText;       // colours a mono pattern was expanded in, else -1
+    COLORREF crBk;
+
+    // Unrefs the tile and frees the record.
+    static void free(DHANDLE record);
+};
+
 class VORLAN_INTERNAL ScreenContext : public vorlan::CommonDeviceContext {
 public:
     // A window DC on `drawable`, which must not be null.
@@ -18,7 +32,9 @@ public:
     explicit ScreenContext(GdkColormap *colormap);
     ~ScreenContext() override;
 
-    // ---- Drawing: arrives with the screen's drawing code.
+    // ---- Drawing.
+    COLORREF GetPixel(int x, int y) override;
+    COLORREF SetPixel(int x, int y, COLORREF color) override;
     BOOL PatBlt(int x, int y, int w, int h, DWORD rop) override;
     BOOL LineTo(int x, int y) override;
     BOOL Polyline(const POINT *points, int count) override;
@@ -46,6 +62,8 @@ public:
     int GetDeviceCaps(int index) override;
     int SetROP2(int mode) override;
     COLORREF SetBkColor(COLORREF color) override;
+    int SetBkMode(int mode) override;
+    int SetPolyFillMode(int mode) override;
     DHANDLE RealizeObject(HGDIOBJ object) override;
     int ApplyObject(UINT type) override;
     GdkColor GetGdkColor(COLORREF color) override;
@@ -59,6 +77,17 @@ public:
     // Gives the GC the composition of the bounds and both clip regions.
     int UpdateClipping();
 
+    // ---- Window side.
+    void GetOutputBounds(RECT *rect) const { *rect = outputBounds; }
+    // Moves the DC's space inside the drawable and re-clips.
+    void SetOutputBounds(const RECT *rect);
+    // Non-zero: children clip the output; 0: it goes over them.
+    void SetSubWindowMode(BOOL clipChildren);
+    // Paints `region` (device coordinates of this DC, without the output
+    // bounds' offset) with the selected brush, inside the current clip;
+    // FALSE when the brush is null.  For the region painting calls.
+    BOOL FillDeviceRegion(const GdkRegion *region);
+
     GdkGC *gc;
     GdkDrawable *drawable;
     RECT outputBounds;
@@ -71,8 +100,27 @@ private:
     bool mirrorWidth(LONG &width);
     void mirror(LPPOINT points, int count);
     DHANDLE realizeBitmap(HGDIOBJ bitmap);
+    bool uploadBitmapBits(GdkPixmap *pixmap, const BITMAP &bm);
+    DHANDLE realizeBrush(HGDIOBJ brush);
+    // Fills a fresh record for `logbrush`; false when the style can't be had.
+    bool RealizeBrush(PhysicalScreenBrush *record, const LOGBRUSH &logbrush);
+    // A pixmap of the target's depth with a mono bitmap's 0 bits in the text
+    // colour and its 1 bits in the background colour; null on failure.
+    GdkPixmap *expandMonoPattern(GdkPixmap *mono);
+    // A pixmap of the target's depth with the picture of a packed DIB.
+    GdkPixmap *dibPatternPixmap(HGLOBAL packedDib);
     int applyBitmap();
+    int applyPen();
+    int applyBrush();
+    int applyFont();
     void setGCColors();
+    // The logical point lies in the clip box (the drawable while no clip
+    // box can be had).
+    bool pointInClipBox(int x, int y);
+    // Device corner of the DC's space in the drawable.
+    POINT deviceOffset() const;
+    GdkRegion *deviceClipArea();
+    void fillChord(int cx, int cy, int rx, int ry, int a1, int a2, const POINT &p1, const POINT &p2);
 };
 
 // A window DC of `hwnd` on its GdkWindow; `rect` is the DC's place in the
@@ -80,5 +128,12 @@ private:
 VORLAN_INTERNAL HDC GdiCreateWindowDC(HWND hwnd, DWORD flags, GdkDrawable *drawable, const RECT *rect);
 // The DC's place in its drawable; FALSE for anything but a screen context.
 VORLAN_INTERNAL BOOL GdiGetDCOutputBounds(HDC hdc, RECT *rect);
+// The screen context of a window or memory DC handle, or null.
+VORLAN_INTERNAL ScreenContext *GetScreenContext(HDC hdc);
+// The GC and the drawable of a window or memory DC, or null.
+VORLAN_INTERNAL GdkGC *GetGdkGC(HDC hdc);
+VORLAN_INTERNAL GdkDrawable *GetGdkDrawable(HDC hdc);
+// Depth of the system visual.
+VORLAN_INTERNAL int GetSystemDisplayDepth();
 
 #endif // VORLAN_GDI_SCREEN_VORLSCREENDC_H

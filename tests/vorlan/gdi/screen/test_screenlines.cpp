@@ -1,0 +1,163 @@
+// Lines on a screen context: where LineTo and Polyline put their pixels,
+// the current position, and how pen styles, widths and the background
+// mode show.
+#include <gtest/gtest.h>
+
+#include "gdi/screen/canvas.h"
+
+using namespace vorlan_test;
+
+TEST(ScreenLines, HorizontalLineLeavesOutItsLastPixel)
+{
+    Canvas canvas;
+    MoveToEx(canvas, 10, 5, nullptr);
+    EXPECT_TRUE(LineTo(canvas, 20, 5));
+    EXPECT_EQ(canvas.Row(5, 9, 21, kBlack), ".##########..");
+    EXPECT_EQ(canvas.Row(4, 9, 21, kBlack), ".............");
+    POINT current = {};
+    MoveToEx(canvas, 0, 0, &current);
+    EXPECT_EQ(current.x, 20);
+    EXPECT_EQ(current.y, 5);
+}
+
+TEST(ScreenLines, VerticalAndReversedLinesStopBeforeTheEnd)
+{
+    Canvas canvas;
+    MoveToEx(canvas, 3, 2, nullptr);
+    LineTo(canvas, 3, 8);
+    EXPECT_EQ(canvas.Column(3, 1, 9, kBlack), ".######..");
+    MoveToEx(canvas, 20, 12, nullptr);
+    LineTo(canvas, 14, 12);
+    EXPECT_EQ(canvas.Row(12, 14, 20, kBlack), ".######");
+}
+
+TEST(ScreenLines, DiagonalLineIsShortenedOnBothAxes)
+{
+    Canvas canvas;
+    MoveToEx(canvas, 0, 0, nullptr);
+    LineTo(canvas, 5, 5);
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(canvas.At(i, i), kBlack) << i;
+    EXPECT_EQ(canvas.At(5, 5), kWhite);
+}
+
+TEST(ScreenLines, LineToTheCurrentPositionDrawsNothing)
+{
+    Canvas canvas;
+    MoveToEx(canvas, 7, 7, nullptr);
+    EXPECT_TRUE(LineTo(canvas, 7, 7));
+    EXPECT_EQ(canvas.Count(kBlack), 0);
+}
+
+TEST(ScreenLines, NullPenFailsAndKeepsThePosition)
+{
+    Canvas canvas;
+    canvas.UsePen(CreatePen(PS_NULL, 1, kBlack));
+    MoveToEx(canvas, 1, 1, nullptr);
+    EXPECT_FALSE(LineTo(canvas, 9, 1));
+    POINT current = {};
+    MoveToEx(canvas, 0, 0, &current);
+    EXPECT_EQ(current.x, 1);
+    EXPECT_EQ(canvas.Count(kBlack), 0);
+}
+
+TEST(ScreenLines, PolylineKeepsItsEndPointAndTheCurrentPosition)
+{
+    Canvas canvas;
+    canvas.UsePen(CreatePen(PS_SOLID, 1, kRed));
+    MoveToEx(canvas, 30, 30, nullptr);
+    const POINT points[] = {{2, 2}, {12, 2}, {12, 8}};
+    EXPECT_TRUE(Polyline(canvas, points, 3));
+    EXPECT_EQ(canvas.Row(2, 1, 13, kRed), ".###########.");
+    EXPECT_EQ(canvas.Column(12, 1, 9, kRed), ".#######.");
+    POINT current = {};
+    MoveToEx(canvas, 0, 0, &current);
+    EXPECT_EQ(current.x, 30);
+    EXPECT_EQ(current.y, 30);
+}
+
+TEST(ScreenLines, LinesFollowTheMapping)
+{
+    Canvas canvas;
+    SetViewportOrgEx(canvas, 10, 10, nullptr);
+    MoveToEx(canvas, 0, 0, nullptr);
+    LineTo(canvas, 5, 0);
+    SetViewportOrgEx(canvas, 0, 0, nullptr);
+    EXPECT_EQ(canvas.Row(10, 9, 15, kBlack), ".#####.");
+}
+
+TEST(ScreenPenStyles, DashedPenPaintsItsGapsOnAnOpaqueBackground)
+{
+    Canvas canvas;
+    canvas.UsePen(CreatePen(PS_DASH, 1, kBlack));
+    SetBkColor(canvas, kRed);
+    MoveToEx(canvas, 0, 3, nullptr);
+    LineTo(canvas, 30, 3);
+    // 17 on, 6 off in the background colour.
+    EXPECT_EQ(canvas.Row(3, 0, 29, kBlack), std::string(17, '#') + "......" + std::string(7, '#'));
+    EXPECT_EQ(canvas.Row(3, 17, 22, kRed), "######");
+}
+
+TEST(ScreenPenStyles, DashedPenLeavesItsGapsOnATransparentBackground)
+{
+    Canvas canvas;
+    canvas.UsePen(CreatePen(PS_DOT, 1, kBlack));
+    SetBkColor(canvas, kRed);
+    SetBkMode(canvas, TRANSPARENT);
+    MoveToEx(canvas, 0, 3, nullptr);
+    LineTo(canvas, 13, 3);
+    EXPECT_EQ(canvas.Row(3, 0, 12, kBlack), "###...###...#");
+    EXPECT_EQ(canvas.Row(3, 0, 12, kWhite), "...###...###.");
+}
+
+TEST(ScreenPenStyles, WideDashedPenLeavesItsGapsEvenWhenOpaque)
+{
+    Canvas canvas;
+    canvas.UsePen(CreatePen(PS_DASH, 2, kBlack));
+    SetBkColor(canvas, kRed);
+    MoveToEx(canvas, 0, 10, nullptr);
+    LineTo(canvas, 30, 10);
+    EXPECT_EQ(canvas.Count(kRed), 0);
+    EXPECT_EQ(canvas.At(3, 10), kBlack);
+    EXPECT_EQ(canvas.At(20, 10), kWhite);
+}
+
+TEST(ScreenPenStyles, DashDotAndAlternatePatterns)
+{
+    Canvas canvas;
+    SetBkMode(canvas, TRANSPARENT);
+    canvas.UsePen(CreatePen(PS_DASHDOT, 1, kBlack));
+    MoveToEx(canvas, 0, 1, nullptr);
+    LineTo(canvas, 24, 1);
+    EXPECT_EQ(canvas.Row(1, 0, 22, kBlack), "##########.....###....." );
+    LOGPEN alternate = {PS_ALTERNATE, {1, 0}, kBlack};
+    canvas.UsePen(CreatePenIndirect(&alternate));
+    MoveToEx(canvas, 0, 5, nullptr);
+    LineTo(canvas, 9, 5);
+    EXPECT_EQ(canvas.Row(5, 0, 7, kBlack), "#.#.#.#.");
+}
+
+TEST(ScreenPenStyles, WidePenIsCentredWithButtEnds)
+{
+    Canvas canvas;
+    canvas.UsePen(CreatePen(PS_SOLID, 5, kBlue));
+    MoveToEx(canvas, 10, 20, nullptr);
+    LineTo(canvas, 30, 20);
+    EXPECT_EQ(canvas.Column(15, 16, 24, kBlue), "..#####..");
+    // Butt ends: nothing before the start point.
+    EXPECT_EQ(canvas.At(9, 20), kWhite);
+    EXPECT_EQ(canvas.At(10, 20), kBlue);
+}
+
+TEST(ScreenPenStyles, PenWidthFollowsTheMapping)
+{
+    Canvas canvas;
+    SetMapMode(canvas, MM_ANISOTROPIC);
+    SetWindowExtEx(canvas, 1, 1, nullptr);
+    SetViewportExtEx(canvas, 3, 3, nullptr);
+    canvas.UsePen(CreatePen(PS_SOLID, 1, kBlack));
+    MoveToEx(canvas, 2, 3, nullptr);
+    LineTo(canvas, 10, 3);
+    SetMapMode(canvas, MM_TEXT);
+    EXPECT_EQ(canvas.Column(12, 6, 12, kBlack), "..###..");
+}

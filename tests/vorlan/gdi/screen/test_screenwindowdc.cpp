@@ -1,0 +1,156 @@
+// Drawing on window contexts of real, mapped windows: pixels land in the
+// X window, the output bounds move and cut the context's space, and the
+// device answers its capabilities.
+#include <gtest/gtest.h>
+
+#include "gdi/screen/canvas.h"
+#include "gdi/screen/vorlscreendc.h"
+#include "gtk/vorlgtklock.h"
+#include "gtk/vorlxwindow.h"
+#include "support/gtk_helpers.h"
+#include "support/message_recorder.h"
+
+#include <gdk/gdkx.h>
+
+using namespace vorlan_test;
+
+namespace {
+
+class ShownWindow {
+public:
+    ShownWindow() : m_recorder("VorlanScreenDrawing")
+    {
+        m_hwnd = m_recorder.Create(WS_POPUP, 30, 40, 60, 50);
+        ShowWindow(m_hwnd, SW_SHOW);
+        // GDK counts a window as shown at once; the server maps it only when
+        // the window manager has let it.
+        PumpUntil([this] {
+            vorlan::GtkCriticalSection lock;
+            GdkWindow *window = GetGdkWindow(m_hwnd);
+            XWindowAttributes attributes = {};
+            return window != nullptr &&
+                   XGetWindowAttributes(XDisplay(), GDK_WINDOW_XID(window), &attributes) != 0 &&
+                   attributes.map_state == IsViewable;
+        });
+        // Let the first expose and its background go by.
+        PumpUntil([] { return false; }, 100);
+    }
+    ~ShownWindow() { DestroyWindow(m_hwnd); }
+    HWND hwnd() const { return m_hwnd; }
+
+private:
+    MessageRecorder m_recorder;
+    HWND m_hwnd;
+};
+
+} // namespace
+
+TEST(ScreenWindowContext, ShapesLandInTheWindow)
+{
+    ShownWindow shown;
+    HDC hdc = GetDC(shown.hwnd());
+    ASSERT_NE(hdc, nullptr);
+    EXPECT_TRUE(PatBlt(hdc, 0, 0, 60, 50, WHITENESS));
+    HBRUSH blue = CreateSolidBrush(kBlue);
+    HPEN red = CreatePen(PS_SOLID, 1, kRed);
+    HGDIOBJ oldBrush = SelectObject(hdc, blue);
+    HGDIOBJ oldPen = SelectObject(hdc, red);
+    EXPECT_TRUE(Rectangle(hdc, 0, 0, 10, 10));
+    EXPECT_EQ(GetPixel(hdc, 0, 0), kRed);
+    EXPECT_EQ(GetPixel(hdc, 9, 9), kRed);
+    EXPECT_EQ(GetPixel(hdc, 5, 5), kBlue);
+    EXPECT_EQ(GetPixel(hdc, 10, 10), kWhite);
+    EXPECT_TRUE(Ellipse(hdc, 20, 20, 40, 30));
+    EXPECT_EQ(GetPixel(hdc, 20, 25), kRed);
+    EXPECT_EQ(GetPixel(hdc, 30, 25), kBlue);
+    SelectObject(hdc, oldBrush);
+    SelectObject(hdc, oldPen);
+    DeleteObject(blue);
+    DeleteObject(red);
+    ReleaseDC(shown.hwnd(), hdc);
+}
+
+TEST(ScreenWindowContext, OutputBoundsMoveAndCutTheContext)
+{
+    ShownWindow shown;
+    HDC whole = GetDC(shown.hwnd());
+    HDC part = GetDC(shown.hwnd());
+    PatBlt(whole, 0, 0, 60, 50, WHITENESS);
+    const RECT bounds = {10, 5, 30, 25};
+    EXPECT_TRUE(GdiSetDCOutputBounds(part, &bounds));
+    RECT read = {};
+    EXPECT_TRUE(GdiGetDCOutputBounds(part, &read));
+    EXPECT_TRUE(EqualRect(&read, &bounds));
+    PatBlt(part, 0, 0, 60, 50, BLACKNESS);
+    // The part's (0, 0) is the window's (10, 5); nothing beyond 20 x 20.
+    EXPECT_EQ(GetPixel(whole, 10, 5), kBlack);
+    EXPECT_EQ(GetPixel(whole, 29, 24), kBlack);
+    EXPECT_EQ(GetPixel(whole, 9, 5), kWhite);
+    EXPECT_EQ(GetPixel(whole, 30, 24), kWhite);
+    EXPECT_EQ(GetPixel(whole, 29, 25), kWhite);
+    EXPECT_EQ(SetPixel(part, 1, 1, kGreen), kGreen);
+    EXPECT_EQ(GetPixel(whole, 11, 6), kGreen);
+    ReleaseDC(shown.hwnd(), part);
+    ReleaseDC(shown.hwnd(), whole);
+}
+
+TEST(ScreenWindowContext, OutputBoundsRefuseOtherContexts)
+{
+    const RECT bounds = {0, 0, 5, 5};
+    EXPECT_FALSE(GdiSetDCOutputBounds(nullptr, &bounds));
+    Canvas canvas;
+    HPEN pen = CreatePen(PS_SOLID, 1, 0);
+    EXPECT_FALSE(GdiSetDCOutputBounds(reinterpret_cast<HDC>(pen), &bounds));
+    EXPECT_FALSE(GdiSetDCOutputBounds(canvas, nullptr));
+    DeleteObject(pen);
+}
+
+TEST(ScreenWindowContext, SubWindowModeSetsTheGCsChildPolicy)
+{
+    ShownWindow shown;
+    HDC hdc = GdiCreateWindowDC(shown.hwnd(), DCX_CLIPCHILDREN, GetGdkWindow(shown.hwnd()), nullptr);
+    ASSERT_NE(hdc, nullptr);
+    GdkGCValues values;
+    {
+        vorlan::GtkCriticalSection lock;
+        gdk_gc_get_values(GetGdkGC(hdc), &values);
+    }
+    EXPECT_EQ(values.subwindow_mode, GDK_CLIP_BY_CHILDREN);
+    _SetDCSubWindowMode(hdc, FALSE);
+    {
+        vorlan::GtkCriticalSection lock;
+        gdk_gc_get_values(GetGdkGC(hdc), &values);
+    }
+    EXPECT_EQ(values.subwindow_mode, GDK_INCLUDE_INFERIORS);
+    _SetDCSubWindowMode(hdc, TRUE);
+    {
+        vorlan::GtkCriticalSection lock;
+        gdk_gc_get_values(GetGdkGC(hdc), &values);
+    }
+    EXPECT_EQ(values.subwindow_mode, GDK_CLIP_BY_CHILDREN);
+    _SetDCSubWindowMode(nullptr, TRUE); // ignored
+    DeleteDC(hdc);
+}
+
+TEST(ScreenDeviceCaps, TrueColourScreenAnswers)
+{
+    ShownWindow shown;
+    HDC window = GetDC(shown.hwnd());
+    Canvas memory;
+    for (HDC hdc : {window, memory.hdc()}) {
+        EXPECT_EQ(GetDeviceCaps(hdc, TECHNOLOGY), 1);
+        EXPECT_EQ(GetDeviceCaps(hdc, PLANES), 1);
+        EXPECT_EQ(GetDeviceCaps(hdc, BITSPIXEL), 24);
+        EXPECT_EQ(GetDeviceCaps(hdc, NUMCOLORS), 20);
+        EXPECT_EQ(GetDeviceCaps(hdc, SIZEPALETTE), 256);
+        EXPECT_EQ(GetDeviceCaps(hdc, RASTERCAPS), 0xE99);
+        EXPECT_EQ(GetDeviceCaps(hdc, LOGPIXELSX), 96);
+        EXPECT_EQ(GetDeviceCaps(hdc, LOGPIXELSY), 96);
+        EXPECT_EQ(GetDeviceCaps(hdc, HORZRES), gdk_screen_width());
+        EXPECT_EQ(GetDeviceCaps(hdc, VERTRES), gdk_screen_height());
+        EXPECT_EQ(GetDeviceCaps(hdc, HORZSIZE), gdk_screen_width_mm());
+        EXPECT_EQ(GetDeviceCaps(hdc, CURVECAPS), -1);
+    }
+    EXPECT_EQ(GetSystemDisplayDepth(), 24);
+    ReleaseDC(shown.hwnd(), window);
+}

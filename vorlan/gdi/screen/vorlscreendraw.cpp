@@ -1,0 +1,219 @@
+// Lines and shapes of the screen context, with the corrections that make
+// GDK's geometry come out as GDI's.
+#include "gdi/screen/vorlscreendc.h"
+
+#include <cmath>
+#include <vector>
+
+namespace {
+
+// Arc angles of GDK are in 1/64 degree.
+constexpr int kArcUnit = 64;
+// A full turn as ellipses pass it to GDK: a little more than 360 degrees,
+// so that the outline closes.
+constexpr int kEllipseSweep = 23064;
+constexpr double kRadiansPerDegree = 3.1415926 / 180;
+
+// The point at `angle` degrees on the ellipse of centre (cx, cy).
+POINT PointOnEllipse(int cx, int cy, int rx, int ry, int angle)
+{
+    const double radians = angle * kRadiansPerDegree;
+    return POINT{static_cast<LONG>(std::cos(radians) * rx + cx + 0.5),
+                 static_cast<LONG>(cy - std::sin(radians) * ry + 0.5)};
+}
+
+// One step towards `to`, along each axis on which the points differ.
+LONG StepTowards(LONG from, LONG to)
+{
+    if (to > from)
+        return from + 1;
+    if (to < from)
+        return from - 1;
+    return from;
+}
+
+} // namespace
+
+POINT ScreenContext::deviceOffset() const
+{
+    if (type() == OBJ_DC)
+        return POINT{outputBounds.left, outputBounds.top};
+    return POINT{0, 0};
+}
+
+BOOL ScreenContext::LineTo(int x, int y)
+{
+    if (ApplyObject(OBJ_PEN) == 0)
+        return FALSE;
+    if (dcState.ptCurrent.x == x && dcState.ptCurrent.y == y)
+        return TRUE;
+    POINT ends[2] = {dcState.ptCurrent, {x, y}};
+    LogicalToRealDevice(ends, 2);
+    // GDI leaves the last pixel out.
+    ends[1].x = StepTowards(ends[1].x, ends[0].x);
+    ends[1].y = StepTowards(ends[1].y, ends[0].y);
+    gdk_draw_line(drawable, gc, ends[0].x, ends[0].y, ends[1].x, ends[1].y);
+    dcState.ptCurrent = POINT{x, y};
+    return TRUE;
+}
+
+BOOL ScreenContext::Polyline(const POINT *points, int count)
+{
+    if (ApplyObject(OBJ_PEN) == 0)
+        return FALSE;
+    std::vector<POINT> device(points, points + count);
+    LogicalToRealDevice(device.data(), count);
+    std::vector<GdkPoint> line(count);
+    for (int i = 0; i < count; ++i)
+        line[i] = GdkPoint{device[i].x, device[i].y};
+    gdk_draw_lines(drawable, gc, line.data(), count);
+    return TRUE;
+}
+
+BOOL ScreenContext::Polygon(const POINT *points, int count)
+{
+    std::vector<POINT> device(points, points + count);
+    LogicalToRealDevice(device.data(), count);
+    std::vector<GdkPoint> shape(count);
+    for (int i = 0; i < count; ++i)
+        shape[i] = GdkPoint{device[i].x, device[i].y};
+    if (ApplyObject(OBJ_BRUSH))
+        gdk_draw_polygon(drawable, gc, TRUE, shape.data(), count);
+    if (ApplyObject(OBJ_PEN))
+        gdk_draw_polygon(drawable, gc, FALSE, shape.data(), count);
+    return TRUE;
+}
+
+// X fills w x h pixels but outlines w + 1 x h + 1: with right and bottom
+// one less, the outline ends on GDI's last pixel and the fill inside it.
+BOOL ScreenContext::Rectangle(int left, int top, int right, int bottom)
+{
+    RECT rc = {left, top, right, bottom};
+    LogicalToRealDevice(&rc);
+    vorlan::NormalizeRect(rc);
+    if (rc.right > rc.left)
+        --rc.right;
+    if (rc.bottom > rc.top)
+        --rc.bottom;
+    const int width = rc.right - rc.left;
+    const int height = rc.bottom - rc.top;
+    if (ApplyObject(OBJ_BRUSH))
+        gdk_draw_rectangle(drawable, gc, TRUE, rc.left, rc.top, width, height);
+    if (ApplyObject(OBJ_PEN))
+        gdk_draw_rectangle(drawable, gc, FALSE, rc.left, rc.top, width, height);
+    return TRUE;
+}
+
+BOOL ScreenContext::Ellipse(int left, int top, int right, int bottom)
+{
+    RECT rc = {left, top, right, bottom};
+    LogicalToRealDevice(&rc);
+    vorlan::NormalizeRect(rc);
+    const int width = rc.right - rc.left;
+    const int height = rc.bottom - rc.top;
+    if (ApplyObject(OBJ_BRUSH))
+        gdk_draw_arc(drawable, gc, TRUE, rc.left, rc.top, width, height, 0, kEllipseSweep);
+    if (ApplyObject(OBJ_PEN))
+        gdk_draw_arc(drawable, gc, FALSE, rc.left, rc.top, width, height, 0, kEllipseSweep);
+    return TRUE;
+}
+
+// Corner boxes are twice the given sizes; the sizes aren't mapped.
+BOOL ScreenContext::RoundRect(int left, int top, int right, int bottom, int w, int h)
+{
+    if (w == 0 || h == 0)
+        return TRUE;
+    RECT rc = {left, top, right, bottom};
+    LogicalToRealDevice(&rc);
+    vorlan::NormalizeRect(rc);
+    const int l = rc.left, t = rc.top, r = rc.right, b = rc.bottom;
+    struct Corner {
+        int x, y, start;
+    };
+    const Corner corners[] = {
+        {l, t, 90 * kArcUnit}, {r - 2 * w, t, 0}, {r - 2 * w, b - 2 * h, 270 * kArcUnit}, {l, b - 2 * h, 180 * kArcUnit}};
+    const int quarter = 90 * kArcUnit;
+    if (ApplyObject(OBJ_BRUSH)) {
+        for (const Corner &c : corners)
+            gdk_draw_arc(drawable, gc, TRUE, c.x, c.y, 2 * w, 2 * h, c.start, quarter);
+        gdk_draw_rectangle(drawable, gc, TRUE, l, t + h, r - l, b - t - 2 * h);
+        gdk_draw_rectangle(drawable, gc, TRUE, l + w, t, r - l - 2 * w, b - t);
+    }
+    if (ApplyObject(OBJ_PEN)) {
+        GdkSegment sides[] = {{l + w, t, r - w, t}, {r, t + h, r, b - h}, {l + w, b, r - w, b}, {l, t + h, l, b - h}};
+        gdk_draw_segments(drawable, gc, sides, G_N_ELEMENTS(sides));
+        for (const Corner &c : corners)
+            gdk_draw_arc(drawable, gc, FALSE, c.x, c.y, 2 * w, 2 * h, c.start, quarter);
+    }
+    return TRUE;
+}
+
+BOOL ScreenContext::Arc(int left, int top, int right, int bottom, int x1, int y1, int x2, int y2)
+{
+    POINT p[4] = {{left, top}, {right, bottom}, {x1, y1}, {x2, y2}};
+    LogicalToRealDevice(p, 4);
+    int cx = 0, cy = 0, a1 = 0, a2 = 0;
+    vorlan::calcRadial(cx, cy, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y, p[3].x, p[3].y, a1, a2);
+    if (ApplyObject(OBJ_PEN))
+        gdk_draw_arc(drawable, gc, FALSE, p[0].x, p[0].y, p[1].x - p[0].x, p[1].y - p[0].y, a1 * kArcUnit,
+                     (a2 - a1) * kArcUnit);
+    return TRUE;
+}
+
+BOOL ScreenContext::Pie(int left, int top, int right, int bottom, int x1, int y1, int x2, int y2)
+{
+    if (x1 == x2 && y1 == y2)
+        return Ellipse(left, top, right, bottom);
+    POINT p[4] = {{left, top}, {right, bottom}, {x1, y1}, {x2, y2}};
+    LogicalToRealDevice(p, 4);
+    int cx = 0, cy = 0, a1 = 0, a2 = 0;
+    vorlan::calcRadial(cx, cy, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y, p[3].x, p[3].y, a1, a2);
+    const int width = p[1].x - p[0].x;
+    const int height = p[1].y - p[0].y;
+    if (ApplyObject(OBJ_BRUSH))
+        gdk_draw_arc(drawable, gc, TRUE, p[0].x, p[0].y, width, height, a1 * kArcUnit, (a2 - a1) * kArcUnit);
+    if (ApplyObject(OBJ_PEN)) {
+        gdk_draw_arc(drawable, gc, FALSE, p[0].x, p[0].y, width, height, a1 * kArcUnit, (a2 - a1) * kArcUnit);
+        const POINT start = PointOnEllipse(cx, cy, width >> 1, height >> 1, a1);
+        const POINT end = PointOnEllipse(cx, cy, width >> 1, height >> 1, a2);
+        gdk_draw_line(drawable, gc, cx, cy, start.x, start.y);
+        gdk_draw_line(drawable, gc, cx, cy, end.x, end.y);
+    }
+    return TRUE;
+}
+
+// Fills the segment between the chord p1-p2 and the arc from a1 to a2 with
+// triangles, halving the arc until a span is at most a degree.
+void ScreenContext::fillChord(int cx, int cy, int rx, int ry, int a1, int a2, const POINT &p1, const POINT &p2)
+{
+    const int span = a2 - a1;
+    if (span <= 1)
+        return;
+    const int middle = a1 + (span >> 1);
+    const POINT pm = PointOnEllipse(cx, cy, rx, ry, middle);
+    GdkPoint triangle[3] = {{pm.x, pm.y}, {p1.x, p1.y}, {p2.x, p2.y}};
+    gdk_draw_polygon(drawable, gc, TRUE, triangle, 3);
+    fillChord(cx, cy, rx, ry, a1, middle, p1, pm);
+    fillChord(cx, cy, rx, ry, middle, a2, pm, p2);
+}
+
+BOOL ScreenContext::Chord(int left, int top, int right, int bottom, int x1, int y1, int x2, int y2)
+{
+    if (x1 == x2 && y1 == y2)
+        return Ellipse(left, top, right, bottom);
+    POINT p[4] = {{left, top}, {right, bottom}, {x1, y1}, {x2, y2}};
+    LogicalToRealDevice(p, 4);
+    int cx = 0, cy = 0, a1 = 0, a2 = 0;
+    vorlan::calcRadial(cx, cy, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y, p[3].x, p[3].y, a1, a2);
+    const int width = p[1].x - p[0].x;
+    const int height = p[1].y - p[0].y;
+    const POINT start = PointOnEllipse(cx, cy, width >> 1, height >> 1, a1);
+    const POINT end = PointOnEllipse(cx, cy, width >> 1, height >> 1, a2);
+    if (ApplyObject(OBJ_BRUSH))
+        fillChord(cx, cy, width >> 1, height >> 1, a1, a2, start, end);
+    if (ApplyObject(OBJ_PEN)) {
+        gdk_draw_arc(drawable, gc, FALSE, p[0].x, p[0].y, width, height, a1 * kArcUnit, (a2 - a1) * kArcUnit);
+        gdk_draw_line(drawable, gc, start.x, start.y, end.x, end.y);
+    }
+    return TRUE;
+}
