@@ -205,7 +205,6 @@ void DefSizeCommand(HWND, int, POINT) {}
 
 // ---- Device contexts ---------------------------------------------------------------
 
-
 // No metafile context records objects yet.
 BOOL DeleteObjectFromMetaFile(HDC, HGDIOBJ) { return FALSE; }
 

@@ -345,3 +345,37 @@ TEST(ExposeFromX, UncoveredPartOfAWindowIsRepainted)
     ASSERT_EQ(painted.size(), 1u);
     EXPECT_TRUE(SameRect(painted[0], RECT{50, 20, 90, 50}));
 }
+
+TEST(PaintCycle, PaintingIsClippedToTheUpdateRegion)
+{
+    MessageRecorder recorder("VorlanPaintClipped");
+    COLORREF paint = RGB(0, 0, 255);
+    recorder.Answer(WM_PAINT, [&](HWND hwnd, WPARAM, LPARAM) {
+        PAINTSTRUCT ps;
+        HDC hdc = BeginPaint(hwnd, &ps);
+        HBRUSH brush = CreateSolidBrush(paint);
+        HGDIOBJ old = SelectObject(hdc, brush);
+        PatBlt(hdc, 0, 0, 100, 100, PATCOPY);
+        SelectObject(hdc, old);
+        DeleteObject(brush);
+        EndPaint(hwnd, &ps);
+        return LRESULT(0);
+    });
+    const HWND hwnd = recorder.Create(WS_POPUP | WS_VISIBLE, 0, 0, 60, 40);
+    // Mapped by the window manager, exposed, and painted blue all over.
+    const HDC dc = GetDC(hwnd);
+    ASSERT_TRUE(vorlan_test::PumpUntil([&] {
+        DrainMessages();
+        return GetPixel(dc, 59, 39) == RGB(0, 0, 255) && GetPixel(dc, 0, 0) == RGB(0, 0, 255);
+    }));
+    paint = RGB(255, 0, 0);
+    const RECT area = {10, 10, 20, 15};
+    InvalidateRect(hwnd, &area, FALSE);
+    UpdateWindow(hwnd);
+    EXPECT_EQ(GetPixel(dc, 10, 10), RGB(255, 0, 0));
+    EXPECT_EQ(GetPixel(dc, 19, 14), RGB(255, 0, 0));
+    EXPECT_EQ(GetPixel(dc, 20, 14), RGB(0, 0, 255));
+    EXPECT_EQ(GetPixel(dc, 9, 10), RGB(0, 0, 255));
+    EXPECT_EQ(GetPixel(dc, 15, 15), RGB(0, 0, 255));
+    ReleaseDC(hwnd, dc);
+}
