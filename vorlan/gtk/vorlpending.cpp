@@ -135,11 +135,8 @@ void EnsureFocusAndForegroundConsistent() {}
 
 // ---- Painting -------------------------------------------------------------------
 //
-// Rectangles and the frame are not drawn yet.
-
-int WINAPI FillRect(HDC, const RECT *, HBRUSH) { return 0; }
-
-BOOL WINAPI DrawFocusRect(HDC, const RECT *) { return FALSE; }
+// The window manager draws the frames of decorated windows; the library's
+// own frames are not drawn yet.
 
 void DefNCPaint(HWND, HRGN) {}
 

@@ -358,12 +358,13 @@ DHANDLE ScreenContext::RealizeObject(HGDIOBJ object)
 }
 
 // The drawable follows the bitmap; a GC made for another depth is made anew
-// with the same values.
+// with the same values, and its colours become pixels of the new depth.
 int ScreenContext::applyBitmap()
 {
     GdkPixmap *pixmap = GetGdkPixmap(dcState.hObjects[OBJ_BITMAP]);
     if (pixmap == nullptr)
         return 0;
+    bool remade = false;
     if (gc != nullptr && drawable != nullptr && gdk_drawable_get_depth(drawable) != gdk_drawable_get_depth(pixmap)) {
         GdkGCValues values;
         gdk_gc_get_values(gc, &values);
@@ -371,10 +372,13 @@ int ScreenContext::applyBitmap()
         const auto mask = static_cast<GdkGCValuesMask>(GDK_GC_FOREGROUND | GDK_GC_BACKGROUND | GDK_GC_FUNCTION |
                                                        GDK_GC_FILL | GDK_GC_SUBWINDOW);
         gc = gdk_gc_new_with_values(pixmap, &values, mask);
+        remade = true;
     } else if (gc == nullptr) {
         gc = gdk_gc_new(pixmap);
     }
     drawable = pixmap;
+    if (remade)
+        setGCColors();
     return 1;
 }
 
