@@ -1,7 +1,7 @@
 /*
  * vorlan demo: a plain Win32 C program.  It opens a decorated top-level
- * window with a few child windows and runs the usual message loop until
- * the window is closed.  With "--seconds N" it closes itself after N
+ * window with a few child windows, paints shapes and a region in one of
+ * them, and runs the usual message loop until the window is closed.  With "--seconds N" it closes itself after N
  * seconds, so that scripts can run it unattended.
  *
  * It prints what it does, so that a run without a screen still shows the
@@ -70,10 +70,74 @@ static LRESULT CALLBACK main_proc(HWND hwnd, UINT message, WPARAM wParam, LPARAM
     }
 }
 
+/* Shapes with pens and brushes of several kinds, across the panel. */
+static void paint_shapes(HDC hdc, const RECT *client)
+{
+    const int w = client->right;
+    const int h = client->bottom;
+    HPEN dashed = CreatePen(PS_DASH, 1, RGB(0, 0, 128));
+    HPEN thick = CreatePen(PS_SOLID, 3, RGB(128, 0, 0));
+    HBRUSH green = CreateSolidBrush(RGB(120, 200, 120));
+    HBRUSH yellow = CreateSolidBrush(RGB(250, 210, 60));
+    HGDIOBJ oldPen = SelectObject(hdc, thick);
+    HGDIOBJ oldBrush = SelectObject(hdc, yellow);
+
+    Rectangle(hdc, 10, 10, w / 4, h / 2);
+    SelectObject(hdc, green);
+    Ellipse(hdc, w / 4 + 10, 10, w / 2, h / 2);
+    SelectObject(hdc, yellow);
+    Pie(hdc, w / 2 + 10, 10, 3 * w / 4, h / 2, 3 * w / 4, h / 4, w / 2 + 10, 10);
+    RoundRect(hdc, 3 * w / 4 + 10, 10, w - 10, h / 2, 20, 20);
+
+    POINT star[5] = {{w / 8, h / 2 + 10}, {w / 4 - 10, h - 10}, {10, h / 2 + 40},
+                     {w / 4 - 10, h / 2 + 40}, {10, h - 10}};
+    SetPolyFillMode(hdc, WINDING);
+    Polygon(hdc, star, 5);
+
+    SelectObject(hdc, dashed);
+    for (int y = h / 2 + 10; y < h - 5; y += 8) {
+        MoveToEx(hdc, w / 4 + 10, y, NULL);
+        LineTo(hdc, w / 2, y);
+    }
+    SelectObject(hdc, oldPen);
+    SelectObject(hdc, oldBrush);
+    DeleteObject(dashed);
+    DeleteObject(thick);
+    DeleteObject(green);
+    DeleteObject(yellow);
+}
+
+/* A region made of an ellipse with a rectangle cut out, filled and framed. */
+static void paint_region(HDC hdc, const RECT *client)
+{
+    const int w = client->right;
+    const int h = client->bottom;
+    HRGN ellipse = CreateEllipticRgn(w / 2 + 10, h / 2 + 10, w - 10, h - 10);
+    HRGN bar = CreateRectRgn(w / 2 + 10, 3 * h / 4 - 6, w - 10, 3 * h / 4 + 6);
+    CombineRgn(ellipse, ellipse, bar, RGN_XOR);
+    HBRUSH blue = CreateSolidBrush(RGB(60, 90, 200));
+    HBRUSH black = (HBRUSH)GetStockObject(BLACK_BRUSH);
+    FillRgn(hdc, ellipse, blue);
+    FrameRgn(hdc, bar, black, 1, 1);
+    DeleteObject(blue);
+    DeleteObject(bar);
+    DeleteObject(ellipse);
+}
+
 static LRESULT CALLBACK panel_proc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == WM_PARENTNOTIFY)
         return 0;
+    if (message == WM_PAINT) {
+        PAINTSTRUCT ps;
+        RECT client;
+        HDC hdc = BeginPaint(hwnd, &ps);
+        GetClientRect(hwnd, &client);
+        paint_shapes(hdc, &client);
+        paint_region(hdc, &client);
+        EndPaint(hwnd, &ps);
+        return 0;
+    }
     return DefWindowProcW(hwnd, message, wParam, lParam);
 }
 
