@@ -379,3 +379,26 @@ TEST(PaintCycle, PaintingIsClippedToTheUpdateRegion)
     EXPECT_EQ(GetPixel(dc, 15, 15), RGB(0, 0, 255));
     ReleaseDC(hwnd, dc);
 }
+
+TEST(WindowDC, DcKnowsItsWindowAndParentDcClassesGetFreshDcs)
+{
+    MessageRecorder recorder("VorlanPaintParentDC", true, CS_PARENTDC);
+    const HWND parent = recorder.Create(WS_POPUP | WS_VISIBLE, 0, 0, 80, 60);
+    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 10, 10, 20, 20, parent);
+    const HDC first = GetDC(child);
+    EXPECT_EQ(WindowFromDC(first), child);
+    EXPECT_EQ(ReleaseDC(child, first), 1);
+    EXPECT_EQ(GetObjectType(first), 0u);
+    const HDC second = GetDC(child);
+    EXPECT_EQ(WindowFromDC(second), child);
+    // The child's DC covers the child's client area only.
+    RECT box = {};
+    GetClipBox(second, &box);
+    EXPECT_TRUE(SameRect(box, RECT{0, 0, 20, 20}));
+    ReleaseDC(child, second);
+
+    const HDC memory = CreateCompatibleDC(nullptr);
+    EXPECT_EQ(WindowFromDC(memory), nullptr);
+    DeleteDC(memory);
+    EXPECT_EQ(WindowFromDC(nullptr), nullptr);
+}
