@@ -48,11 +48,27 @@ void DrainMessages()
         DispatchMessageW(&msg);
 }
 
-// A visible popup with nothing left to paint.
+// Waits until the window manager has mapped the window and what followed
+// the map has been painted.
+void WaitUntilMappedAndExposed(HWND hwnd)
+{
+    vorlan_test::PumpUntil([&] {
+        vorlan::GtkCriticalSection lock;
+        return gdk_window_is_viewable(GetGdkWindow(hwnd)) != FALSE;
+    });
+    // The window manager may still move or expose it after the map.
+    vorlan_test::PumpUntil([] {
+        DrainMessages();
+        return false;
+    }, 150);
+    DrainMessages();
+}
+
+// A visible popup, mapped, with nothing left to paint.
 HWND PaintedPopup(MessageRecorder &recorder, int x, int y, int cx, int cy, DWORD style = 0)
 {
     const HWND hwnd = recorder.Create(WS_POPUP | WS_VISIBLE | style, x, y, cx, cy);
-    DrainMessages();
+    WaitUntilMappedAndExposed(hwnd);
     RedrawWindow(hwnd, nullptr, nullptr, RDW_VALIDATE | RDW_NOFRAME | RDW_ALLCHILDREN);
     recorder.Clear();
     return hwnd;
@@ -401,4 +417,62 @@ TEST(WindowDC, DcKnowsItsWindowAndParentDcClassesGetFreshDcs)
     EXPECT_EQ(WindowFromDC(memory), nullptr);
     DeleteDC(memory);
     EXPECT_EQ(WindowFromDC(nullptr), nullptr);
+}
+
+TEST(PaintCycle, EraseNowErasesWithoutPaintingAndKeepsTheRegion)
+{
+    MessageRecorder recorder("VorlanPaintEraseNow");
+    const HWND hwnd = PaintedPopup(recorder, 0, 0, 40, 40);
+    InvalidateRect(hwnd, nullptr, TRUE);
+    EXPECT_TRUE(RedrawWindow(hwnd, nullptr, nullptr, RDW_ERASENOW));
+    EXPECT_EQ(recorder.Sequence({hwnd}, kPaintMessages), (Seq{"0:ERASEBKGND"}));
+    EXPECT_TRUE(HasUpdate(hwnd));
+    recorder.Clear();
+    // Nothing is owed any more.
+    RedrawWindow(hwnd, nullptr, nullptr, RDW_ERASENOW);
+    EXPECT_TRUE(recorder.Sequence({hwnd}, kPaintMessages).empty());
+    // RDW_NOERASE on a partial validation drops the owed erase too.
+    InvalidateRect(hwnd, nullptr, TRUE);
+    const RECT part = {0, 0, 10, 10};
+    RedrawWindow(hwnd, &part, nullptr, RDW_VALIDATE | RDW_NOERASE);
+    RedrawWindow(hwnd, nullptr, nullptr, RDW_ERASENOW);
+    EXPECT_TRUE(recorder.Sequence({hwnd}, kPaintMessages).empty());
+}
+
+TEST(ExposeFromX, PaintedWindowShowsOnTheScreenAsDrawn)
+{
+    MessageRecorder recorder("VorlanPaintOnScreen");
+    recorder.Answer(WM_ERASEBKGND, [](HWND, WPARAM, LPARAM) { return LRESULT(1); });
+    recorder.Answer(WM_PAINT, [](HWND hwnd, WPARAM, LPARAM) {
+        PAINTSTRUCT ps;
+        HDC hdc = BeginPaint(hwnd, &ps);
+        const RECT all = {0, 0, 64, 48};
+        FillRect(hdc, &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+        HBRUSH red = CreateSolidBrush(RGB(255, 0, 0));
+        const RECT square = {8, 8, 24, 24};
+        FillRect(hdc, &square, red);
+        DeleteObject(red);
+        EndPaint(hwnd, &ps);
+        return LRESULT(0);
+    });
+    ASSERT_NE(recorder.Create(WS_POPUP | WS_VISIBLE, 300, 200, 64, 48), nullptr);
+    // What the screen shows, read by another client from the root window.
+    Display *other = XOpenDisplay(nullptr);
+    ASSERT_NE(other, nullptr);
+    auto screenPixel = [&](int x, int y) {
+        XImage *image = XGetImage(other, DefaultRootWindow(other), 300 + x, 200 + y, 1, 1, AllPlanes, ZPixmap);
+        const unsigned long pixel = image != nullptr ? XGetPixel(image, 0, 0) : 0x123456;
+        if (image != nullptr)
+            XDestroyImage(image);
+        return pixel & 0xFFFFFF;
+    };
+    EXPECT_TRUE(vorlan_test::PumpUntil([&] {
+        DrainMessages();
+        return screenPixel(8, 8) == 0xFF0000 && screenPixel(63, 47) == 0xFFFFFF;
+    }));
+    EXPECT_EQ(screenPixel(23, 23), 0xFF0000u);
+    EXPECT_EQ(screenPixel(24, 23), 0xFFFFFFu);
+    EXPECT_EQ(screenPixel(7, 8), 0xFFFFFFu);
+    EXPECT_EQ(screenPixel(0, 0), 0xFFFFFFu);
+    XCloseDisplay(other);
 }
