@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr UINT kPaletteUseWithoutStatics = 2;
-
 bool HasPaletteCaps(vorlan::DeviceContext *dc)
 {
     const int caps = dc->GetDeviceCaps(RASTERCAPS);
@@ -40,6 +38,6 @@ UINT WINAPI GetSystemPaletteEntries(HDC hdc, UINT iStart, UINT cEntries, LPPALET
 UINT WINAPI GetSystemPaletteUse(HDC hdc)
 {
     return vorlan::CallOnDC(hdc, 0U, [&](vorlan::DeviceContext *dc) {
-        return HasPaletteCaps(dc) ? kPaletteUseWithoutStatics : 0U;
+        return HasPaletteCaps(dc) ? UINT(SYSPAL_NOSTATIC) : 0U;
     });
 }
