@@ -1909,6 +1909,8 @@ WINGDIAPI UINT WINAPI GetNearestPaletteIndex(HPALETTE h, COLORREF color);
 WINGDIAPI UINT WINAPI GetSystemPaletteEntries(HDC hdc, UINT iStart, UINT cEntries, LPPALETTEENTRY pPalEntries);
 WINGDIAPI BOOL WINAPI AnimatePalette(HPALETTE hPal, UINT iStartIndex, UINT cEntries, const PALETTEENTRY *ppe);
 WINGDIAPI BOOL WINAPI ResizePalette(HPALETTE hpal, UINT n);
+WINGDIAPI UINT WINAPI GetSystemPaletteUse(HDC hdc);
+WINGDIAPI BOOL WINAPI UpdateColors(HDC hdc);
 
 /* ---- Regions and clipping -------------------------------------------- */
 WINGDIAPI HRGN WINAPI CreateRectRgn(int x1, int y1, int x2, int y2);

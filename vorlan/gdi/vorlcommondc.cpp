@@ -165,8 +165,6 @@ BOOL CommonDeviceContext::UpdateColors()
 
 HPALETTE CommonDeviceContext::SelectPalette(HPALETTE, BOOL) { return nullptr; }
 
-UINT CommonDeviceContext::GetSystemPaletteEntries(UINT, UINT, LPPALETTEENTRY) { return 0; }
-
 HWND CommonDeviceContext::WindowFromDC() { return nullptr; }
 
 HMETAFILE CommonDeviceContext::CloseMetaFile() { return nullptr; }

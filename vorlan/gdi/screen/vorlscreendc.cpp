@@ -146,25 +146,6 @@ BOOL ScreenContext::LogicalToRealDevice(LPPOINT points, int count)
 
 // ---- Device and attributes ----------------------------------------------------
 
-COLORREF ScreenContext::GetNearestColor(COLORREF color) { return color & 0xFFFFFF; }
-
-UINT ScreenContext::RealizePalette() { return 0; }
-
-HPALETTE ScreenContext::SelectPalette(HPALETTE palette, BOOL forceBackground)
-{
-    if (LogicalGdiObject::FromHandle(palette, OBJ_PAL) == nullptr)
-        return nullptr;
-    HGDIOBJ &slot = dcState.hObjects[OBJ_PAL];
-    HGDIOBJ old = slot;
-    dcState.bForceBackground = forceBackground;
-    if (old != palette) {
-        AddRef(palette, vorlan::kSelectRef);
-        slot = palette;
-        ReleaseRef(old, vorlan::kSelectRef);
-    }
-    return static_cast<HPALETTE>(old);
-}
-
 HWND ScreenContext::WindowFromDC() { return hwnd; }
 
 HDC ScreenContext::CreateCompatibleDC()
@@ -248,23 +229,6 @@ COLORREF ScreenContext::SetBkColor(COLORREF color)
         gdk_gc_set_background(gc, &background);
     }
     return old;
-}
-
-GdkColor ScreenContext::GetGdkColor(COLORREF color)
-{
-    GdkColor result = {};
-    result.red = static_cast<guint16>(GetRValue(color) * 257);
-    result.green = static_cast<guint16>(GetGValue(color) * 257);
-    result.blue = static_cast<guint16>(GetBValue(color) * 257);
-    if (drawable != nullptr && gdk_drawable_get_depth(drawable) == 1) {
-        // A mono bitmap keeps the low bit of a pixel: take the nearer of
-        // black and white instead.
-        result.pixel = GetRValue(color) + GetGValue(color) + GetBValue(color) >= 3 * 128 ? 1 : 0;
-        return result;
-    }
-    if (colormap != nullptr)
-        gdk_rgb_find_color(colormap, &result);
-    return result;
 }
 
 // ---- Objects --------------------------------------------------------------------

@@ -57,6 +57,7 @@ public:
     COLORREF GetNearestColor(COLORREF color) override;
     HPALETTE SelectPalette(HPALETTE palette, BOOL forceBackground) override;
     UINT RealizePalette() override;
+    BOOL UpdateColors() override;
     HWND WindowFromDC() override;
     HDC CreateCompatibleDC() override;
     int GetDeviceCaps(int index) override;
@@ -114,6 +115,8 @@ private:
     int applyBrush();
     int applyFont();
     void setGCColors();
+    // The target is a depth-1 pixmap, which has no colormap.
+    bool targetIsMono();
     // The logical point lies in the clip box (the drawable while no clip
     // box can be had).
     bool pointInClipBox(int x, int y);

@@ -1,0 +1,35 @@
+// Palettes made from lists of colours, and painting a canvas with a brush
+// of one colour value, for the colour lookup tests.
+#ifndef VORLAN_TESTS_GDI_PALETTE_TEST_HELPERS_H
+#define VORLAN_TESTS_GDI_PALETTE_TEST_HELPERS_H
+
+#include <windows.h>
+
+#include "gdi/screen/canvas.h"
+
+#include <initializer_list>
+
+namespace vorlan_test {
+
+// A logical palette with the given RGB colours, deleted with the object.
+class TestPalette {
+public:
+    explicit TestPalette(std::initializer_list<COLORREF> colours);
+    ~TestPalette();
+    TestPalette(const TestPalette &) = delete;
+    TestPalette &operator=(const TestPalette &) = delete;
+
+    HPALETTE get() const { return m_palette; }
+    operator HPALETTE() const { return m_palette; }
+
+private:
+    HPALETTE m_palette;
+};
+
+// Fills the canvas with a fresh solid brush of `colour` and gives the
+// pixel at its centre.
+COLORREF PaintAndRead(Canvas &canvas, COLORREF colour);
+
+} // namespace vorlan_test
+
+#endif // VORLAN_TESTS_GDI_PALETTE_TEST_HELPERS_H

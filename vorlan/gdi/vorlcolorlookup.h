@@ -1,0 +1,20 @@
+// How a colour value becomes a colour of a GDK colormap.
+#ifndef VORLAN_GDI_VORLCOLORLOOKUP_H
+#define VORLAN_GDI_VORLCOLORLOOKUP_H
+
+#include <windows.h>
+
+#include "vorlinternal.h"
+
+#include <gdk/gdk.h>
+
+namespace vorlan {
+
+// Allocates the nearest colour to the low 24 bits of `color` in `colormap`
+// (red in the low byte) and fills `out` with its pixel and with the red,
+// green and blue the colormap really gives for that pixel.
+VORLAN_INTERNAL void getGdkColor(GdkColor *out, COLORREF color, GdkColormap *colormap);
+
+} // namespace vorlan
+
+#endif // VORLAN_GDI_VORLCOLORLOOKUP_H
