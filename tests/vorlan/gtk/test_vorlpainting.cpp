@@ -331,19 +331,22 @@ TEST(ExposeFromX, UncoveredPartOfAWindowIsRepainted)
         EndPaint(hwnd, &ps);
         return LRESULT(0);
     });
-    ASSERT_NE(recorder.Create(WS_POPUP | WS_VISIBLE, 100, 100, 200, 150), nullptr);
-    ASSERT_TRUE(vorlan_test::PumpUntil([&] {
-        DrainMessages();
-        return !painted.empty();
-    }));
+    const HWND hwnd = recorder.Create(WS_POPUP | WS_VISIBLE, 100, 100, 200, 150);
+    ASSERT_NE(hwnd, nullptr);
+    WaitUntilMappedAndExposed(hwnd);
+    ASSERT_FALSE(painted.empty());
 
-    // Another client's window covers part of ours, then goes.
+    // Another client's window covers part of ours, then goes.  Where ours
+    // is now is the window manager's choice.
+    POINT origin = {0, 0};
+    ClientToScreen(hwnd, &origin);
     Display *other = XOpenDisplay(nullptr);
     ASSERT_NE(other, nullptr);
     XSetWindowAttributes attributes = {};
     attributes.override_redirect = True;
-    const ::Window cover = XCreateWindow(other, DefaultRootWindow(other), 150, 120, 40, 30, 0, CopyFromParent,
-                                         InputOutput, CopyFromParent, CWOverrideRedirect, &attributes);
+    const ::Window cover = XCreateWindow(other, DefaultRootWindow(other), origin.x + 50, origin.y + 20, 40, 30, 0,
+                                         CopyFromParent, InputOutput, CopyFromParent, CWOverrideRedirect,
+                                         &attributes);
     XMapRaised(other, cover);
     XSync(other, False);
     vorlan_test::PumpUntil([&] {
@@ -455,12 +458,16 @@ TEST(ExposeFromX, PaintedWindowShowsOnTheScreenAsDrawn)
         EndPaint(hwnd, &ps);
         return LRESULT(0);
     });
-    ASSERT_NE(recorder.Create(WS_POPUP | WS_VISIBLE, 300, 200, 64, 48), nullptr);
-    // What the screen shows, read by another client from the root window.
+    const HWND hwnd = recorder.Create(WS_POPUP | WS_VISIBLE, 300, 200, 64, 48);
+    ASSERT_NE(hwnd, nullptr);
+    // What the screen shows, read by another client from the root window
+    // where the window is now (the window manager may have placed it).
     Display *other = XOpenDisplay(nullptr);
     ASSERT_NE(other, nullptr);
     auto screenPixel = [&](int x, int y) {
-        XImage *image = XGetImage(other, DefaultRootWindow(other), 300 + x, 200 + y, 1, 1, AllPlanes, ZPixmap);
+        POINT at = {x, y};
+        ClientToScreen(hwnd, &at);
+        XImage *image = XGetImage(other, DefaultRootWindow(other), at.x, at.y, 1, 1, AllPlanes, ZPixmap);
         const unsigned long pixel = image != nullptr ? XGetPixel(image, 0, 0) : 0x123456;
         if (image != nullptr)
             XDestroyImage(image);
