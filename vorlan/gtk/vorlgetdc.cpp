@@ -4,50 +4,34 @@
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlpaint.h"
 #include "gtk/vorlpumpdeps.h"
+#include "gtk/vorlwindowpos.h"
 #include "gtk/vorlxwindow.h"
 #include "vorlassert.h"
 #include "vorlwindowclass.h"
 
-#include <algorithm>
-
 namespace {
 
-struct FrameSizes {
-    int x, top, bottom;
-};
-
-// The window manager draws a decorated window's frame; the DC draws only
-// into the X window, which is the client part.
-FrameSizes FrameOf(HWND hWnd)
-{
-    if (!IsWindowDecorated(hWnd))
-        return {0, 0, 0};
-    const int frameY = GetSystemMetrics(SM_CYFRAME);
-    return {GetSystemMetrics(SM_CXFRAME), frameY + GetSystemMetrics(SM_CYCAPTION), frameY};
-}
-
-// Where the DC's output lies in the X window.
+// Where the DC's output lies in the X window.  The window manager draws a
+// decorated window's frame; the X window is only the client part.
 RECT OutputRect(const vorlan::Window *pWnd, DWORD flags)
 {
-    const FrameSizes frame = FrameOf(pWnd->hWnd);
+    const POINT frame = vorlan::FrameOrigin(pWnd->hWnd);
     const RECT &window = pWnd->rcWindow;
     const RECT &client = pWnd->rcClient;
     RECT rect;
     if (flags & DCX_WINDOW) {
-        rect = {0, 0, window.right - window.left - 2 * frame.x, window.bottom - window.top - frame.top - frame.bottom};
+        const int frameBottom = IsWindowDecorated(pWnd->hWnd) ? GetSystemMetrics(SM_CYFRAME) : 0;
+        rect = {0, 0, window.right - window.left - 2 * frame.x, window.bottom - window.top - frame.y - frameBottom};
     } else {
         rect.left = client.left - window.left - frame.x;
-        rect.top = client.top - window.top - frame.top;
+        rect.top = client.top - window.top - frame.y;
         rect.right = rect.left + client.right - client.left;
         rect.bottom = rect.top + client.bottom - client.top;
     }
-    // A child's X window is cut to its parent's client area: what sticks
-    // out on the left or top moves the origin out of the X window.
-    const vorlan::Window *parent = pWnd->pWndParent;
-    if (parent != nullptr && parent->pWndParent != nullptr) {
-        OffsetRect(&rect, -std::max<LONG>(0, parent->rcClient.left - window.left),
-                   -std::max<LONG>(0, parent->rcClient.top - window.top));
-    }
+    // What sticks out of the parent's client area moves the origin out of
+    // the X window.
+    const POINT overhang = vorlan::ParentOverhang(pWnd);
+    OffsetRect(&rect, -overhang.x, -overhang.y);
     return rect;
 }
 

@@ -139,10 +139,9 @@ void UpdateClassDC(HWND hWnd, const WindowObject *pWnd)
     bounds.top = pWnd->rcClient.top - pWnd->rcWindow.top;
     bounds.right = bounds.left + Width(pWnd->rcClient);
     bounds.bottom = bounds.top + Height(pWnd->rcClient);
-    if (IsWindowDecorated(hWnd)) {
-        bounds.left -= GetSystemMetrics(SM_CXFRAME);
-        bounds.top -= GetSystemMetrics(SM_CYFRAME) + GetSystemMetrics(SM_CYCAPTION);
-    }
+    const POINT frame = vorlan::FrameOrigin(hWnd);
+    bounds.left -= frame.x;
+    bounds.top -= frame.y;
     GdiSetDCOutputBounds(pWnd->hDC, &bounds);
 }
 

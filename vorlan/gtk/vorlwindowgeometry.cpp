@@ -7,6 +7,8 @@
 #include "gtk/vorlwindow.h"
 #include "gtk/vorlwindowpos.h"
 
+#include <algorithm>
+
 using WindowObject = vorlan::Window;
 
 namespace {
@@ -67,6 +69,15 @@ POINT FrameOrigin(HWND hWnd)
     if (!IsWindowDecorated(hWnd))
         return {0, 0};
     return {GetSystemMetrics(SM_CXFRAME), GetSystemMetrics(SM_CYFRAME) + GetSystemMetrics(SM_CYCAPTION)};
+}
+
+POINT ParentOverhang(const Window *pWnd)
+{
+    const Window *parent = pWnd->pWndParent;
+    if (parent == nullptr || parent->pWndParent == nullptr)
+        return {0, 0};
+    return {std::max<LONG>(0, parent->rcClient.left - pWnd->rcWindow.left),
+            std::max<LONG>(0, parent->rcClient.top - pWnd->rcWindow.top)};
 }
 
 } // namespace vorlan

@@ -26,6 +26,9 @@ VORLAN_INTERNAL void OffsetAllWindowRects(Window *pWnd, int dx, int dy);
 // The window manager's frame around a decorated window, else zeros: left
 // and right in cx, top in cy.
 VORLAN_INTERNAL POINT FrameOrigin(HWND hWnd);
+// How far a child sticks out left of and above its parent's client area,
+// which cuts its X window there; zeros for a top-level window.
+VORLAN_INTERNAL POINT ParentOverhang(const Window *pWnd);
 } // namespace vorlan
 
 // Moves the window in its parent's child list and in X.  A child goes
