@@ -142,6 +142,10 @@ void UpdateClassDC(HWND hWnd, const WindowObject *pWnd)
     const POINT frame = vorlan::FrameOrigin(hWnd);
     bounds.left -= frame.x;
     bounds.top -= frame.y;
+    // A window cut by its parent draws from further up and left, as its
+    // other window DCs do.
+    const POINT overhang = vorlan::ParentOverhang(pWnd);
+    OffsetRect(&bounds, -overhang.x, -overhang.y);
     GdiSetDCOutputBounds(pWnd->hDC, &bounds);
 }
 

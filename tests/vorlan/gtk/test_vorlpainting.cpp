@@ -483,3 +483,19 @@ TEST(ExposeFromX, PaintedWindowShowsOnTheScreenAsDrawn)
     EXPECT_EQ(screenPixel(0, 0), 0xFFFFFFu);
     XCloseDisplay(other);
 }
+
+TEST(WindowDC, KeptDcOfAChildCutByItsParentDrawsWhereOtherDcsDo)
+{
+    MessageRecorder parents("VorlanPaintCutParent");
+    MessageRecorder children("VorlanPaintCutChild", true, CS_OWNDC);
+    const HWND parent = parents.Create(WS_POPUP | WS_VISIBLE, 0, 0, 100, 80);
+    const HWND child = children.Create(WS_CHILD | WS_VISIBLE, 10, 10, 40, 30, parent);
+    WaitUntilMappedAndExposed(parent);
+    const HDC kept = GetDC(child);
+    MoveWindow(child, -10, 10, 40, 30, FALSE);
+    EXPECT_EQ(GetDC(child), kept);
+    SetPixel(kept, 15, 5, RGB(255, 0, 0));
+    const HDC fresh = GetDCEx(child, nullptr, DCX_CACHE);
+    EXPECT_EQ(GetPixel(fresh, 15, 5), RGB(255, 0, 0));
+    ReleaseDC(child, fresh);
+}
