@@ -3,35 +3,28 @@
 // value, the checked calls leave error 87, and nothing crashes.
 #include <gtest/gtest.h>
 
+#include "forged_handles.h"
+
 #include "gdi/dc_test_helpers.h"
 #include "gdi/screen/vorlscreendc.h"
 
 #include <string>
 #include <vector>
 
+using gdi_test::FreeIndex;
+using gdi_test::WithTag;
+
 namespace {
+
+HDC Forge(ULONG_PTR value)
+{
+    return gdi_test::Forge<HDC>(value);
+}
 
 struct BadDC {
     std::string what;
     HDC hdc;
 };
-
-HDC Forge(ULONG_PTR value) { return reinterpret_cast<HDC>(value); }
-
-ULONG_PTR WithTag(HANDLE h, ULONG_PTR tag)
-{
-    return (reinterpret_cast<ULONG_PTR>(h) & ~0x7F0000ul) | (tag << 16);
-}
-
-unsigned FreeIndex()
-{
-    vorlan::GtkCriticalSection lock;
-    for (unsigned i = vorlan::kGdiTableSize - 1; i > 0; --i) {
-        if (vorlan::GdiObject::gdiTable[i] == nullptr)
-            return i;
-    }
-    return 0;
-}
 
 // Calls that check the handle: their failure value and error 87.
 template <typename T> void ExpectChecked(const char *call, T result, T failure)

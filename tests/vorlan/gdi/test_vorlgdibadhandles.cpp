@@ -3,6 +3,8 @@
 // handles were made from.
 #include <gtest/gtest.h>
 
+#include "forged_handles.h"
+
 #include "gdi/vorlgdiobject.h"
 #include "gtk/vorlgtklock.h"
 
@@ -10,32 +12,20 @@
 #include <string>
 #include <vector>
 
+using gdi_test::FreeIndex;
+using gdi_test::WithTag;
+
 namespace {
+
+HGDIOBJ Forge(ULONG_PTR value)
+{
+    return gdi_test::Forge<HGDIOBJ>(value);
+}
 
 struct BadHandle {
     std::string what;
     HGDIOBJ handle;
 };
-
-HGDIOBJ Forge(ULONG_PTR value)
-{
-    return reinterpret_cast<HGDIOBJ>(value);
-}
-
-ULONG_PTR WithTag(HGDIOBJ h, ULONG_PTR tag)
-{
-    return (reinterpret_cast<ULONG_PTR>(h) & ~0x7F0000ul) | (tag << 16);
-}
-
-unsigned FreeIndex()
-{
-    vorlan::GtkCriticalSection lock;
-    for (unsigned i = vorlan::kGdiTableSize - 1; i > 0; --i) {
-        if (vorlan::GdiObject::gdiTable[i] == nullptr)
-            return i;
-    }
-    return 0;
-}
 
 // One object of each logical type, deleted: the handles the application
 // may still hold.  The pattern brush's own bitmap dies with it.

@@ -1,49 +1,36 @@
 // Region calls given handles that name no region: null, deleted, forged,
 // and live objects of other types.  Every call gives its failure value and
-// leaves the objects behind the handles alone.  Also: every region call
-// runs under the toolkit lock.
+// leaves the objects behind the handles alone.
 #include <gtest/gtest.h>
+
+#include "forged_handles.h"
 
 #include "region_test_helpers.h"
 
 #include "gdi/vorlgdiobject.h"
 #include "gdi/vorlregion.h"
 #include "gtk/vorlgtklock.h"
-#include "support/gdk_lock_counter.h"
 
-#include <functional>
 #include <string>
 #include <vector>
 
 using region_test::Rects;
 using region_test::Str;
 
+using gdi_test::FreeIndex;
+using gdi_test::WithTag;
+
 namespace {
+
+HRGN Forge(ULONG_PTR value)
+{
+    return gdi_test::Forge<HRGN>(value);
+}
 
 struct NotARegion {
     std::string what;
     HRGN handle;
 };
-
-HRGN Forge(ULONG_PTR value)
-{
-    return reinterpret_cast<HRGN>(value);
-}
-
-ULONG_PTR WithTag(HGDIOBJ h, ULONG_PTR tag)
-{
-    return (reinterpret_cast<ULONG_PTR>(h) & ~0x7F0000ul) | (tag << 16);
-}
-
-unsigned FreeIndex()
-{
-    vorlan::GtkCriticalSection lock;
-    for (unsigned i = vorlan::kGdiTableSize - 1; i > 0; --i) {
-        if (vorlan::GdiObject::gdiTable[i] == nullptr)
-            return i;
-    }
-    return 0;
-}
 
 void ExpectEveryCallFails(const NotARegion &bad, HRGN good, HRGN other)
 {
@@ -129,39 +116,4 @@ TEST(RegionBadHandles, DeletingARegionTwiceFailsTheSecondTime)
     EXPECT_TRUE(DeleteObject(region));
     EXPECT_FALSE(DeleteObject(region));
     EXPECT_EQ(GetObjectType(region), 0u);
-}
-
-TEST(RegionLocking, EveryRegionCallTakesTheToolkitLock)
-{
-    HRGN a = CreateRectRgn(0, 0, 10, 10);
-    HRGN b = CreateRectRgn(5, 5, 15, 15);
-    const RECT rect = {1, 2, 3, 4};
-    const POINT points[] = {{0, 0}, {5, 0}, {0, 5}, {10, 10}, {15, 10}, {10, 15}};
-    const INT counts[] = {3, 3};
-    std::vector<HGDIOBJ> made;
-    const std::vector<std::pair<std::string, std::function<void()>>> calls = {
-        {"CreateRectRgn", [&] { made.push_back(CreateRectRgn(0, 0, 1, 1)); }},
-        {"CreateEllipticRgn", [&] { made.push_back(CreateEllipticRgn(0, 0, 5, 5)); }},
-        {"CreateEllipticRgnIndirect", [&] { made.push_back(CreateEllipticRgnIndirect(&rect)); }},
-        {"CreateRoundRectRgn", [&] { made.push_back(CreateRoundRectRgn(0, 0, 9, 9, 3, 3)); }},
-        {"CreatePolygonRgn", [&] { made.push_back(CreatePolygonRgn(points, 3, ALTERNATE)); }},
-        {"CreatePolyPolygonRgn", [&] { made.push_back(CreatePolyPolygonRgn(points, counts, 2, WINDING)); }},
-        {"CombineRgn", [&] { CombineRgn(a, a, b, RGN_OR); }},
-        {"OffsetRgn", [&] { OffsetRgn(a, 1, 1); }},
-        {"SetRectRgn", [&] { SetRectRgn(b, 5, 5, 15, 15); }},
-        {"EqualRgn", [&] { EqualRgn(a, b); }},
-        {"PtInRegion", [&] { PtInRegion(a, 1, 1); }},
-        {"RectInRegion", [&] { RectInRegion(a, &rect); }},
-        {"GetRgnBox", [&] { GetRgnBox(a, nullptr); }},
-    };
-    for (const auto &call : calls) {
-        vorlan_test::GdkLockCounter counter;
-        call.second();
-        EXPECT_GE(counter.enters(), 1) << call.first;
-        EXPECT_EQ(counter.enters(), counter.leaves()) << call.first;
-    }
-    for (HGDIOBJ object : made)
-        EXPECT_TRUE(DeleteObject(object));
-    DeleteObject(a);
-    DeleteObject(b);
 }
