@@ -2,6 +2,8 @@
 // message queues can be driven with.
 #include "gtk/vorltestwindows.h"
 
+#include "gtk/vorlthread.h"
+
 #include <map>
 #include <mutex>
 
@@ -41,8 +43,11 @@ TestWindow *Find(HWND hWnd)
 
 } // namespace
 
+// Like a real window, a stand-in gives its thread a queue before anyone can
+// learn its handle: a send that names it must find the thread's data.
 HWND CreateTestWindow(WNDPROC procedure, HWND parent)
 {
+    ThreadData::GetCurrentThreadData();
     static uintptr_t nextHandle = kFirstHandle;
     std::lock_guard<std::mutex> guard(RegistryMutex());
     HWND hWnd = reinterpret_cast<HWND>(++nextHandle);

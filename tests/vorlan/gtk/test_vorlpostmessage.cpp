@@ -281,6 +281,9 @@ TEST_F(CrossThreadMessages, NestedSendDuringAReplyWaitLosesNoReply)
     SpinUntil([&] { return xWindow.load() != nullptr && scenario.zWindow.load() != nullptr; });
 
     const LRESULT outer = LockedSend(xWindow, WM_COMPUTE);
+    // Should Y's send still be waiting, serving it lets the test fail
+    // instead of hanging in the join.
+    EXPECT_TRUE(ServeMessagesUntil([&] { return yResult.load() != -1; }));
     y.join();
     xWatcher.join();
     stop = true;
