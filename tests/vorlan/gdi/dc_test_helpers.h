@@ -2,6 +2,7 @@
 #ifndef VORLAN_TESTS_GDI_DC_TEST_HELPERS_H
 #define VORLAN_TESTS_GDI_DC_TEST_HELPERS_H
 
+#include <gtest/gtest.h>
 #include <windows.h>
 
 #include "gdi/vorldc.h"
@@ -57,7 +58,19 @@ inline RECT RegionBox(HRGN region)
 }
 
 // The type of a handle as the table sees it: 0 once the object is gone.
-inline DWORD LiveType(HGDIOBJ h) { return GetObjectType(h); }
+inline DWORD LiveType(HGDIOBJ h)
+{
+    return GetObjectType(h);
+}
+
+inline ::testing::AssertionResult RectIs(const RECT &rc, LONG l, LONG t, LONG r, LONG b)
+{
+    if (rc.left == l && rc.top == t && rc.right == r && rc.bottom == b)
+        return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure()
+           << "got (" << rc.left << ", " << rc.top << ", " << rc.right << ", " << rc.bottom << "), want (" << l
+           << ", " << t << ", " << r << ", " << b << ")";
+}
 
 } // namespace vorlan_test
 

@@ -37,7 +37,12 @@ ChildResult RunSuiteUnderDepth(const char *depth, const char *suite)
 {
     ChildOptions options;
     options.path = VORLAN_WITH_XVFB;
-    options.argv = {VORLAN_WITH_XVFB, "--depth", depth, "--no-wm", "--", OwnExecutable(),
+    options.argv = {VORLAN_WITH_XVFB,
+                    "--depth",
+                    depth,
+                    "--no-wm",
+                    "--",
+                    OwnExecutable(),
                     std::string("--gtest_filter=") + suite + ".*",
                     "--gtest_also_run_disabled_tests"};
     options.environment[kDepthVariable] = std::string(depth);
@@ -87,7 +92,7 @@ TEST(PaletteUnderOtherScreenDepths, SixteenBitChecksPassUnderASixteenBitServer)
     ExpectChildSuitePassed(RunSuiteUnderDepth("16", "ColourOnSixteenBitScreen"));
 }
 
-TEST_F(PaletteOnPseudoColourScreen, DISABLED_ContextsReportAPalette)
+TEST_F(PaletteOnPseudoColourScreen, DISABLED_ContextsReportAPaletteAndCountAndZeroItsEntries)
 {
     Canvas canvas(4, 4);
     EXPECT_EQ(GetDeviceCaps(canvas, BITSPIXEL), 8);
@@ -96,11 +101,6 @@ TEST_F(PaletteOnPseudoColourScreen, DISABLED_ContextsReportAPalette)
     HDC screen = GetDC(nullptr);
     EXPECT_EQ(GetSystemPaletteUse(screen), 2u);
     ReleaseDC(nullptr, screen);
-}
-
-TEST_F(PaletteOnPseudoColourScreen, DISABLED_SystemPaletteEntriesAreCountedAndZeroed)
-{
-    Canvas canvas(4, 4);
     PALETTEENTRY entries[300];
     std::memset(entries, 0xAB, sizeof entries);
     EXPECT_EQ(GetSystemPaletteEntries(canvas, 0, 0, entries), 256u);
@@ -117,22 +117,14 @@ TEST_F(PaletteOnPseudoColourScreen, DISABLED_SystemPaletteEntriesAreCountedAndZe
     EXPECT_EQ(GetSystemPaletteEntries(canvas, 0, 0, nullptr), 256u);
 }
 
-TEST_F(PaletteOnPseudoColourScreen, DISABLED_RealizeCountsTheColoursAllocated)
+TEST_F(PaletteOnPseudoColourScreen, DISABLED_RealizeCountsTheColoursAndIndicesPaintTheEntries)
 {
-    Canvas canvas(4, 4);
+    Canvas canvas(8, 8);
     EXPECT_EQ(RealizePalette(canvas), 20u);
     TestPalette palette({RGB(0x33, 0x66, 0x99), RGB(0xCC, 0x33, 0x00), kWhite, kBlack, RGB(0, 0x99, 0x33)});
     SelectPalette(canvas, palette, FALSE);
     EXPECT_EQ(RealizePalette(canvas), 5u);
     EXPECT_FALSE(UpdateColors(canvas));
-}
-
-TEST_F(PaletteOnPseudoColourScreen, DISABLED_PaletteIndexPaintsTheEntry)
-{
-    TestPalette palette({RGB(0x33, 0x66, 0x99), RGB(0xCC, 0x33, 0x00)});
-    Canvas canvas(8, 8);
-    SelectPalette(canvas, palette, FALSE);
-    RealizePalette(canvas);
     // The server's colormap may be full: an entry then paints the nearest
     // colour the colormap holds, as a plain value of that colour would.
     EXPECT_EQ(PaintAndRead(canvas, PALETTEINDEX(0)), GetNearestColor(canvas, RGB(0x33, 0x66, 0x99)));
@@ -141,17 +133,7 @@ TEST_F(PaletteOnPseudoColourScreen, DISABLED_PaletteIndexPaintsTheEntry)
     EXPECT_EQ(PaintAndRead(canvas, PALETTEINDEX(7)), kBlack);
 }
 
-TEST_F(PaletteOnPseudoColourScreen, DISABLED_PaletteRgbPaintsTheNearestEntry)
-{
-    TestPalette palette({kBlack, RGB(0xCC, 0x33, 0x00), RGB(0x00, 0x66, 0xFF)});
-    Canvas canvas(8, 8);
-    SelectPalette(canvas, palette, FALSE);
-    EXPECT_EQ(PaintAndRead(canvas, PALETTERGB(0xC0, 0x40, 0x10)), RGB(0xCC, 0x33, 0x00));
-    EXPECT_EQ(PaintAndRead(canvas, PALETTERGB(0x10, 0x50, 0xE0)), RGB(0x00, 0x66, 0xFF));
-    EXPECT_EQ(GetNearestColor(canvas, PALETTERGB(0xC0, 0x40, 0x10)), RGB(0xCC, 0x33, 0x00));
-}
-
-TEST_F(PaletteOnPseudoColourScreen, DISABLED_NearestColourIsWhatTheColormapHolds)
+TEST_F(PaletteOnPseudoColourScreen, DISABLED_RgbPaintsTheNearestPaletteEntryOrColormapColour)
 {
     Canvas canvas(8, 8);
     const COLORREF nearest = GetNearestColor(canvas, RGB(0x12, 0x9A, 0x7E));
@@ -159,10 +141,12 @@ TEST_F(PaletteOnPseudoColourScreen, DISABLED_NearestColourIsWhatTheColormapHolds
     EXPECT_EQ(PaintAndRead(canvas, RGB(0x12, 0x9A, 0x7E)), nearest);
     EXPECT_EQ(GetNearestColor(canvas, kWhite), kWhite);
     EXPECT_EQ(GetNearestColor(canvas, kBlack), kBlack);
-}
-
-TEST_F(PaletteOnPseudoColourScreen, DISABLED_MonoBitmapsTakeTheNearerOfBlackAndWhite)
-{
+    TestPalette palette({kBlack, RGB(0xCC, 0x33, 0x00), RGB(0x00, 0x66, 0xFF)});
+    SelectPalette(canvas, palette, FALSE);
+    EXPECT_EQ(PaintAndRead(canvas, PALETTERGB(0xC0, 0x40, 0x10)), RGB(0xCC, 0x33, 0x00));
+    EXPECT_EQ(PaintAndRead(canvas, PALETTERGB(0x10, 0x50, 0xE0)), RGB(0x00, 0x66, 0xFF));
+    EXPECT_EQ(GetNearestColor(canvas, PALETTERGB(0xC0, 0x40, 0x10)), RGB(0xCC, 0x33, 0x00));
+    // Mono bitmaps take the nearer of black and white.
     Canvas mono(8, 8, 1);
     EXPECT_EQ(PaintAndRead(mono, RGB(0x80, 0x80, 0x80)), kWhite);
     EXPECT_EQ(PaintAndRead(mono, RGB(0x7F, 0x7F, 0x7F)), kBlack);

@@ -3,12 +3,10 @@
 
 #include "gdi/dc_test_helpers.h"
 
-#include <gdk/gdk.h>
-
 using vorlan_test::MemoryDC;
 using vorlan_test::StateOf;
 
-TEST(DeviceContextAttributes, NewMemoryContextHasTheDefaultAttributesAndObjects)
+TEST(DeviceContextAttributes, NewContextsHaveTheDefaultAttributesAndObjects)
 {
     MemoryDC dc;
     ASSERT_NE(dc.get(), nullptr);
@@ -35,10 +33,11 @@ TEST(DeviceContextAttributes, NewMemoryContextHasTheDefaultAttributesAndObjects)
     EXPECT_TRUE(GetBrushOrgEx(dc, &org));
     EXPECT_EQ(org.x, 0);
     EXPECT_EQ(org.y, 0);
-}
+    for (UINT type : {0u, UINT(OBJ_DC), UINT(OBJ_METADC), UINT(OBJ_REGION), UINT(OBJ_METAFILE), UINT(OBJ_MEMDC),
+                      14u, 15u, 1000u})
+        EXPECT_EQ(GetCurrentObject(dc, type), nullptr) << "not selectable: " << type;
 
-TEST(DeviceContextAttributes, WindowContextRefusesTheDefaultBitmap)
-{
+    // A window context has no bitmap.
     HDC hdc = GetDC(nullptr);
     ASSERT_NE(hdc, nullptr);
     EXPECT_EQ(GetObjectType(hdc), static_cast<DWORD>(OBJ_DC));
@@ -112,37 +111,4 @@ TEST(DeviceContextAttributes, CurrentPositionAndBrushOriginHandBackTheOldPoint)
     EXPECT_TRUE(GetBrushOrgEx(dc, &org));
     EXPECT_EQ(org.x, 1);
     EXPECT_EQ(org.y, 2);
-}
-
-TEST(DeviceContextAttributes, CurrentObjectOnlyForSelectableTypes)
-{
-    MemoryDC dc;
-    for (UINT type : {0u, UINT(OBJ_DC), UINT(OBJ_METADC), UINT(OBJ_REGION), UINT(OBJ_METAFILE), UINT(OBJ_MEMDC),
-                      14u, 15u, 1000u})
-        EXPECT_EQ(GetCurrentObject(dc, type), nullptr) << type;
-}
-
-TEST(DeviceContextAttributes, ScreenCapabilitiesComeFromTheDisplay)
-{
-    MemoryDC dc;
-    EXPECT_EQ(GetDeviceCaps(dc, BITSPIXEL), gdk_visual_get_system()->depth);
-    EXPECT_EQ(GetDeviceCaps(dc, HORZRES), gdk_screen_width());
-    EXPECT_EQ(GetDeviceCaps(dc, VERTRES), gdk_screen_height());
-    EXPECT_EQ(GetDeviceCaps(dc, HORZSIZE), gdk_screen_width_mm());
-    EXPECT_EQ(GetDeviceCaps(dc, VERTSIZE), gdk_screen_height_mm());
-    EXPECT_EQ(GetDeviceCaps(dc, LOGPIXELSX), 96);
-    EXPECT_EQ(GetDeviceCaps(dc, LOGPIXELSY), 96);
-    for (int index : {TECHNOLOGY, PLANES, ASPECTX, ASPECTY})
-        EXPECT_EQ(GetDeviceCaps(dc, index), 1) << index;
-    EXPECT_EQ(GetDeviceCaps(dc, 1234), -1);
-    // The default bitmap is one bit deep and has no visual; a window DC on
-    // a true-colour screen has one.
-    EXPECT_EQ(GetDeviceCaps(dc, NUMCOLORS), -1);
-    HDC screen = GetDC(nullptr);
-    if (gdk_visual_get_system()->type == GDK_VISUAL_TRUE_COLOR) {
-        EXPECT_EQ(GetDeviceCaps(screen, NUMCOLORS), 20);
-        EXPECT_EQ(GetDeviceCaps(screen, SIZEPALETTE), 256);
-        EXPECT_EQ(GetDeviceCaps(screen, RASTERCAPS), 0xE99);
-    }
-    ReleaseDC(nullptr, screen);
 }

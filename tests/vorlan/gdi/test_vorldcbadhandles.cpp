@@ -1,6 +1,7 @@
 // Every context call given handles that are no live context: dead
 // contexts, forged tags, other objects' handles.  Each gives its failure
-// value, the checked calls leave error 87, and nothing crashes.
+// value, the checked calls leave error 87, nothing is drawn and nothing
+// crashes.
 #include <gtest/gtest.h>
 
 #include "forged_handles.h"
@@ -32,6 +33,32 @@ template <typename T> void ExpectChecked(const char *call, T result, T failure)
     EXPECT_EQ(result, failure) << call;
     EXPECT_EQ(GetLastError(), 87u) << call;
     SetLastError(0);
+}
+
+// The drawing calls fail with error 87; the pixel calls give CLR_INVALID
+// and clear the error.
+void ExpectDrawingCallsFail(HDC h)
+{
+    const POINT points[] = {{0, 0}, {5, 5}, {0, 5}};
+    const INT counts[] = {3};
+    ExpectChecked("LineTo", LineTo(h, 5, 5), FALSE);
+    ExpectChecked("Polyline", Polyline(h, points, 3), FALSE);
+    ExpectChecked("Polygon", Polygon(h, points, 3), FALSE);
+    ExpectChecked("PolyPolygon", PolyPolygon(h, points, counts, 1), FALSE);
+    ExpectChecked("Rectangle", Rectangle(h, 0, 0, 5, 5), FALSE);
+    ExpectChecked("RoundRect", RoundRect(h, 0, 0, 5, 5, 2, 2), FALSE);
+    ExpectChecked("Ellipse", Ellipse(h, 0, 0, 5, 5), FALSE);
+    ExpectChecked("Arc", Arc(h, 0, 0, 5, 5, 5, 2, 2, 0), FALSE);
+    ExpectChecked("Chord", Chord(h, 0, 0, 5, 5, 5, 2, 2, 0), FALSE);
+    ExpectChecked("Pie", Pie(h, 0, 0, 5, 5, 5, 2, 2, 0), FALSE);
+    ExpectChecked("PatBlt", PatBlt(h, 0, 0, 5, 5, BLACKNESS), FALSE);
+    ExpectChecked("FloodFill", FloodFill(h, 1, 1, 0), FALSE);
+    ExpectChecked("ExtFloodFill", ExtFloodFill(h, 1, 1, 0, FLOODFILLSURFACE), FALSE);
+    SetLastError(5);
+    EXPECT_EQ(GetPixel(h, 1, 1), CLR_INVALID);
+    EXPECT_EQ(SetPixel(h, 1, 1, 0), CLR_INVALID);
+    EXPECT_FALSE(SetPixelV(h, 1, 1, 0));
+    EXPECT_EQ(GetLastError(), 0u) << "the pixel calls";
 }
 
 void ExpectFailureEverywhere(const BadDC &bad)
@@ -71,8 +98,21 @@ void ExpectFailureEverywhere(const BadDC &bad)
     ExpectChecked("GetDeviceCaps", GetDeviceCaps(h, BITSPIXEL), -1);
     ExpectChecked("SetTextCharacterExtra", SetTextCharacterExtra(h, 1), int(0x80000000));
     ExpectChecked("GetTextCharacterExtra", GetTextCharacterExtra(h), int(0x80000000));
-    ExpectChecked("SelectClipRgn", SelectClipRgn(h, region), 0);
+    RECT rc = {1, 2, 3, 4};
+    ExpectChecked("SelectClipRgn", SelectClipRgn(h, region), ERROR);
+    ExpectChecked("SelectClipRgn null", SelectClipRgn(h, nullptr), ERROR);
     ExpectChecked("GetClipRgn", GetClipRgn(h, region), -1);
+    ExpectChecked("IntersectClipRect", IntersectClipRect(h, 0, 0, 5, 5), ERROR);
+    ExpectChecked("ExcludeClipRect", ExcludeClipRect(h, 0, 0, 5, 5), ERROR);
+    ExpectChecked("OffsetClipRgn", OffsetClipRgn(h, 1, 1), ERROR);
+    ExpectChecked("GetClipBox", GetClipBox(h, &rc), ERROR);
+    ExpectChecked("GetClipBox null", GetClipBox(h, nullptr), ERROR);
+    ExpectChecked("RectVisible", RectVisible(h, &rc), FALSE);
+    ExpectChecked("RectVisible null", RectVisible(h, nullptr), FALSE);
+    ExpectChecked("FillRgn", FillRgn(h, region, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH))), FALSE);
+    ExpectChecked("RealizePalette", RealizePalette(h), UINT(GDI_ERROR));
+    ExpectChecked("GetNearestColor", GetNearestColor(h, 0xFF), CLR_INVALID);
+    ExpectDrawingCallsFail(h);
     ExpectChecked("SetMapMode", SetMapMode(h, MM_LOMETRIC), 0);
     ExpectChecked("GetMapMode", GetMapMode(h), 0);
     ExpectChecked("SetViewportOrgEx", SetViewportOrgEx(h, 1, 1, &pt), FALSE);
@@ -93,6 +133,13 @@ void ExpectFailureEverywhere(const BadDC &bad)
     ExpectChecked("ResetDCA", ResetDCA(h, nullptr), HDC(nullptr));
     ExpectChecked("GdiSetDeleteDCProc", GdiSetDeleteDCProc(h, nullptr, nullptr), FALSE);
     // The calls that expect a valid context give their failure value only.
+    PALETTEENTRY entries[2];
+    EXPECT_EQ(GetSystemPaletteEntries(h, 0, 2, entries), 0u);
+    EXPECT_EQ(GetSystemPaletteUse(h), 0u);
+    EXPECT_FALSE(UpdateColors(h));
+    EXPECT_FALSE(FrameRgn(h, region, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)), 1, 1));
+    EXPECT_FALSE(PaintRgn(h, region));
+    EXPECT_FALSE(InvertRgn(h, region));
     EXPECT_EQ(SetLayout(h, LAYOUT_RTL), GDI_ERROR);
     EXPECT_EQ(GetLayout(h), GDI_ERROR);
     EXPECT_EQ(SetTextAlign(h, TA_RIGHT), UINT(GDI_ERROR));
@@ -105,7 +152,6 @@ void ExpectFailureEverywhere(const BadDC &bad)
     EXPECT_FALSE(vorlan::TransLPSize2DPSize(h, &w, &hgt));
     EXPECT_FALSE(vorlan::TransDPSize2LPSize(h, &w, &hgt));
     EXPECT_EQ(RealizeObject(h, pen), DHANDLE(0));
-    RECT rc;
     EXPECT_FALSE(GdiGetDCOutputBounds(h, &rc));
     {
         vorlan::GtkCriticalSection lock;

@@ -9,6 +9,7 @@
 #include "support/message_recorder.h"
 
 using vorlan_test::MessageRecorder;
+using vorlan_test::RectIs;
 using vorlan_test::RegionBox;
 
 namespace {
@@ -34,7 +35,6 @@ public:
     BitmapDC &operator=(const BitmapDC &) = delete;
 
     operator HDC() const { return m_hdc; }
-    bool ready() const { return m_hdc != nullptr && m_old != nullptr; }
 
 private:
     HDC m_hdc;
@@ -58,15 +58,6 @@ public:
 private:
     HRGN m_region;
 };
-
-::testing::AssertionResult RectIs(const RECT &rc, LONG l, LONG t, LONG r, LONG b)
-{
-    if (rc.left == l && rc.top == t && rc.right == r && rc.bottom == b)
-        return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure() << "got (" << rc.left << ", " << rc.top << ", " << rc.right << ", "
-                                         << rc.bottom << "), want (" << l << ", " << t << ", " << r << ", " << b
-                                         << ")";
-}
 
 // The clip the context keeps, device coordinates; (-1, ...) without one.
 RECT ClipRegionBox(HDC hdc)
@@ -106,61 +97,55 @@ bool Visible(HDC hdc, int l, int t, int r, int b)
     return RectVisible(hdc, &rc) != FALSE;
 }
 
+// Two rectangles of a complex region, selected as the clip.
+int SelectTwoRectangleClip(HDC hdc, const RECT &first, const RECT &second)
+{
+    Region two(first.left, first.top, first.right, first.bottom);
+    Region other(second.left, second.top, second.right, second.bottom);
+    CombineRgn(two, two, other, RGN_OR);
+    return SelectClipRgn(hdc, two);
+}
+
+class ContextClip : public ::testing::Test {
+protected:
+    BitmapDC dc;
+};
+
 } // namespace
 
-// ---- Selecting a region ----------------------------------------------------
-
-TEST(ContextClipSelection, FreshContextHasNoClipAndSeesTheWholeBitmap)
+TEST_F(ContextClip, SelectingReportsWhatIsLeftVisibleAndNullRemovesTheClip)
 {
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
+    // A fresh context has no clip; any visible area is complex, one rectangle
+    // too.
     Region out(0, 0, 0, 0);
     EXPECT_EQ(GetClipRgn(dc, out), 0);
     int type = 0;
     EXPECT_TRUE(RectIs(ClipBox(dc, &type), 0, 0, kBitmapWidth, kBitmapHeight));
-    // Any visible area is reported as complex, a single rectangle too.
     EXPECT_EQ(type, COMPLEXREGION);
-}
 
-TEST(ContextClipSelection, ResultIsTheTypeOfWhatIsLeftVisible)
-{
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
     Region simple(10, 20, 50, 60);
     EXPECT_EQ(SelectClipRgn(dc, simple), SIMPLEREGION);
     EXPECT_TRUE(RectIs(ClipRegionBox(dc), 10, 20, 50, 60));
     EXPECT_TRUE(RectIs(ClipBox(dc), 10, 20, 50, 60));
-
-    Region two(0, 0, 10, 10);
-    Region other(30, 30, 40, 40);
-    CombineRgn(two, two, other, RGN_OR);
-    EXPECT_EQ(SelectClipRgn(dc, two), COMPLEXREGION);
+    EXPECT_EQ(SelectTwoRectangleClip(dc, {0, 0, 10, 10}, {30, 30, 40, 40}), COMPLEXREGION);
     EXPECT_EQ(ClipRegionType(dc), COMPLEXREGION);
-
     // Outside the bitmap: the clip is kept as given, but nothing is visible.
     Region outside(200, 200, 300, 300);
     EXPECT_EQ(SelectClipRgn(dc, outside), NULLREGION);
     EXPECT_TRUE(RectIs(ClipRegionBox(dc), 200, 200, 300, 300));
-    int type = -1;
     EXPECT_TRUE(RectIs(ClipBox(dc, &type), 0, 0, 0, 0));
     EXPECT_EQ(type, NULLREGION);
-
     // Partly outside: the box is cut to the bitmap.
     Region partly(90, 70, 150, 150);
     EXPECT_EQ(SelectClipRgn(dc, partly), SIMPLEREGION);
     EXPECT_TRUE(RectIs(ClipBox(dc), 90, 70, kBitmapWidth, kBitmapHeight));
-
-    // Null removes the clip: the whole bitmap is visible again.
     EXPECT_EQ(SelectClipRgn(dc, nullptr), SIMPLEREGION);
-    Region out(0, 0, 0, 0);
     EXPECT_EQ(GetClipRgn(dc, out), 0);
     EXPECT_TRUE(RectIs(ClipBox(dc), 0, 0, kBitmapWidth, kBitmapHeight));
 }
 
-TEST(ContextClipSelection, ContextKeepsACopyOfTheCallersRegion)
+TEST_F(ContextClip, ContextKeepsACopyOfTheCallersRegionAlsoThroughSelectObject)
 {
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
     HRGN region = CreateRectRgn(5, 5, 25, 25);
     ASSERT_EQ(SelectClipRgn(dc, region), SIMPLEREGION);
     // Changing or deleting the caller's region leaves the clip alone.
@@ -173,53 +158,27 @@ TEST(ContextClipSelection, ContextKeepsACopyOfTheCallersRegion)
     ASSERT_EQ(GetClipRgn(dc, out), 1);
     OffsetRgn(out, 50, 50);
     EXPECT_TRUE(RectIs(ClipRegionBox(dc), 5, 5, 25, 25));
-}
-
-TEST(ContextClipSelection, SelectingARegionThroughSelectObjectGivesTheSameResult)
-{
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
-    Region region(1, 2, 30, 40);
-    EXPECT_EQ(reinterpret_cast<INT_PTR>(SelectObject(dc, region)), SIMPLEREGION);
+    // SelectObject with a region gives the type, not a handle.
+    Region other(1, 2, 30, 40);
+    EXPECT_EQ(reinterpret_cast<INT_PTR>(SelectObject(dc, other)), SIMPLEREGION);
     EXPECT_TRUE(RectIs(ClipRegionBox(dc), 1, 2, 30, 40));
 }
 
-// ---- Rectangles ------------------------------------------------------------
-
-TEST(ContextClipRectangles, IntersectingWithoutAClipMakesTheRectangleTheClip)
+TEST_F(ContextClip, IntersectingMakesOrNarrowsTheClip)
 {
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
-    EXPECT_EQ(IntersectClipRect(dc, 10, 10, 40, 30), SIMPLEREGION);
+    EXPECT_EQ(IntersectClipRect(dc, 40, 30, 10, 10), SIMPLEREGION) << "corners in either order";
     EXPECT_TRUE(RectIs(ClipRegionBox(dc), 10, 10, 40, 30));
-    // Corners in either order give the same rectangle.
     SelectClipRgn(dc, nullptr);
-    EXPECT_EQ(IntersectClipRect(dc, 40, 30, 10, 10), SIMPLEREGION);
-    EXPECT_TRUE(RectIs(ClipRegionBox(dc), 10, 10, 40, 30));
-}
-
-TEST(ContextClipRectangles, IntersectingNarrowsThePresentClip)
-{
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
     ASSERT_EQ(IntersectClipRect(dc, 10, 10, 60, 60), SIMPLEREGION);
     EXPECT_EQ(IntersectClipRect(dc, 30, 0, 90, 40), SIMPLEREGION);
     EXPECT_TRUE(RectIs(ClipRegionBox(dc), 30, 10, 60, 40));
-    // A rectangle beside it leaves nothing.
+    // A rectangle beside it leaves nothing, and an empty clip stays empty.
     EXPECT_EQ(IntersectClipRect(dc, 0, 0, 5, 5), NULLREGION);
     EXPECT_EQ(ClipRegionType(dc), NULLREGION);
-    // An empty clip stays empty.
     EXPECT_EQ(IntersectClipRect(dc, 0, 0, kBitmapWidth, kBitmapHeight), NULLREGION);
-}
 
-TEST(ContextClipRectangles, IntersectingAComplexClipKeepsItsShape)
-{
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
-    Region two(0, 0, 20, 20);
-    Region other(40, 0, 60, 20);
-    CombineRgn(two, two, other, RGN_OR);
-    ASSERT_EQ(SelectClipRgn(dc, two), COMPLEXREGION);
+    // A complex clip keeps its shape.
+    ASSERT_EQ(SelectTwoRectangleClip(dc, {0, 0, 20, 20}, {40, 0, 60, 20}), COMPLEXREGION);
     EXPECT_EQ(IntersectClipRect(dc, 10, 5, 50, 15), COMPLEXREGION);
     EXPECT_TRUE(ClipContains(dc, 15, 10));
     EXPECT_TRUE(ClipContains(dc, 45, 10));
@@ -229,10 +188,8 @@ TEST(ContextClipRectangles, IntersectingAComplexClipKeepsItsShape)
     EXPECT_TRUE(RectIs(ClipRegionBox(dc), 10, 5, 20, 15));
 }
 
-TEST(ContextClipRectangles, ExcludingWithoutAClipCutsAHoleInTheWholeSpace)
+TEST_F(ContextClip, ExcludingCutsAHoleInTheWholeSpaceOrNarrowsTheClip)
 {
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
     EXPECT_EQ(ExcludeClipRect(dc, 10, 10, 20, 20), COMPLEXREGION);
     EXPECT_TRUE(RectIs(ClipRegionBox(dc), -32768, -32768, 32767, 32767));
     EXPECT_FALSE(ClipContains(dc, 15, 15));
@@ -243,33 +200,23 @@ TEST(ContextClipRectangles, ExcludingWithoutAClipCutsAHoleInTheWholeSpace)
     EXPECT_TRUE(RectIs(ClipBox(dc), 0, 0, kBitmapWidth, kBitmapHeight));
     EXPECT_FALSE(Visible(dc, 12, 12, 18, 18));
     EXPECT_TRUE(Visible(dc, 12, 12, 25, 18));
-}
 
-TEST(ContextClipRectangles, ExcludingNarrowsThePresentClip)
-{
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
+    SelectClipRgn(dc, nullptr);
     ASSERT_EQ(IntersectClipRect(dc, 10, 10, 50, 50), SIMPLEREGION);
-    // A strip off one side leaves one rectangle.
-    EXPECT_EQ(ExcludeClipRect(dc, 40, 0, 60, 60), SIMPLEREGION);
+    EXPECT_EQ(ExcludeClipRect(dc, 40, 0, 60, 60), SIMPLEREGION) << "a strip off one side";
     EXPECT_TRUE(RectIs(ClipRegionBox(dc), 10, 10, 40, 50));
-    // A hole in the middle leaves several.
-    EXPECT_EQ(ExcludeClipRect(dc, 20, 20, 30, 30), COMPLEXREGION);
+    EXPECT_EQ(ExcludeClipRect(dc, 20, 20, 30, 30), COMPLEXREGION) << "a hole in the middle";
     EXPECT_FALSE(ClipContains(dc, 25, 25));
-    // Covering all of it leaves nothing.
-    EXPECT_EQ(ExcludeClipRect(dc, 60, 60, 0, 0), NULLREGION);
+    EXPECT_EQ(ExcludeClipRect(dc, 60, 60, 0, 0), NULLREGION) << "covering all of it";
     EXPECT_EQ(ClipRegionType(dc), NULLREGION);
 }
 
-TEST(ContextClipRectangles, OffsettingMovesTheClip)
+TEST_F(ContextClip, OffsettingMovesTheClip)
 {
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
     // Without a clip there is nothing to move.
     EXPECT_EQ(OffsetClipRgn(dc, 5, 5), ERROR);
     Region out(0, 0, 0, 0);
     EXPECT_EQ(GetClipRgn(dc, out), 0);
-
     ASSERT_EQ(IntersectClipRect(dc, 10, 10, 30, 20), SIMPLEREGION);
     EXPECT_EQ(OffsetClipRgn(dc, 5, -3), SIMPLEREGION);
     EXPECT_TRUE(RectIs(ClipRegionBox(dc), 15, 7, 35, 17));
@@ -278,37 +225,24 @@ TEST(ContextClipRectangles, OffsettingMovesTheClip)
     EXPECT_TRUE(RectIs(ClipRegionBox(dc), 215, 7, 235, 17));
 }
 
-// ---- Visibility ------------------------------------------------------------
-
-TEST(ContextClipVisibility, RectVisibleTellsWhetherAnyPartCanBeDrawn)
+TEST_F(ContextClip, RectVisibleTellsWhetherAnyPartCanBeDrawn)
 {
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
     EXPECT_TRUE(Visible(dc, 0, 0, 10, 10));
     EXPECT_TRUE(Visible(dc, 90, 70, 200, 200));
     EXPECT_FALSE(Visible(dc, 100, 0, 120, 10));
     EXPECT_FALSE(Visible(dc, -20, -20, 0, 0));
-
     ASSERT_EQ(IntersectClipRect(dc, 10, 10, 30, 30), SIMPLEREGION);
     EXPECT_TRUE(Visible(dc, 29, 29, 40, 40));
     EXPECT_FALSE(Visible(dc, 30, 30, 40, 40));
-    // Corners in either order.
-    EXPECT_TRUE(Visible(dc, 40, 40, 29, 29));
+    EXPECT_TRUE(Visible(dc, 40, 40, 29, 29)) << "corners in either order";
     // The caller's rectangle isn't touched.
     const RECT rc = {5, 6, 15, 16};
     RECT copy = rc;
     EXPECT_TRUE(RectVisible(dc, &copy));
     EXPECT_TRUE(EqualRect(&copy, &rc));
-
-    // An empty clip shows nothing.
     ASSERT_EQ(IntersectClipRect(dc, 50, 50, 60, 60), NULLREGION);
     EXPECT_FALSE(Visible(dc, 0, 0, kBitmapWidth, kBitmapHeight));
-}
-
-TEST(ContextClipVisibility, NullRectanglesAreRefusedWithError87)
-{
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
+    // Null rectangles are refused.
     SetLastError(0);
     EXPECT_EQ(GetClipBox(dc, nullptr), ERROR);
     EXPECT_EQ(GetLastError(), 87u);
@@ -317,10 +251,8 @@ TEST(ContextClipVisibility, NullRectanglesAreRefusedWithError87)
     EXPECT_EQ(GetLastError(), 87u);
 }
 
-TEST(ContextClipVisibility, DeviceRectanglesAreCutToTheVisibleArea)
+TEST_F(ContextClip, DeviceRectanglesAreCutToTheVisibleArea)
 {
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
     auto clip = [&](RECT rc) {
         vorlan::GtkCriticalSection lock;
         vorlan::CommonDeviceContext *context = vorlan::GetCommonDeviceContext(dc);
@@ -331,24 +263,16 @@ TEST(ContextClipVisibility, DeviceRectanglesAreCutToTheVisibleArea)
     // One rectangle visible: normalised and intersected.
     EXPECT_TRUE(RectIs(clip({120, 90, 50, 40}), 50, 40, kBitmapWidth, kBitmapHeight));
     // Several: the box of the overlap.
-    Region two(0, 0, 20, 20);
-    Region other(40, 40, 60, 60);
-    CombineRgn(two, two, other, RGN_OR);
-    ASSERT_EQ(SelectClipRgn(dc, two), COMPLEXREGION);
+    ASSERT_EQ(SelectTwoRectangleClip(dc, {0, 0, 20, 20}, {40, 40, 60, 60}), COMPLEXREGION);
     EXPECT_TRUE(RectIs(clip({10, 10, 50, 50}), 10, 10, 50, 50));
     EXPECT_TRUE(RectIs(clip({10, 10, 30, 30}), 10, 10, 20, 20));
-    // Nothing: empty.
     ASSERT_EQ(IntersectClipRect(dc, 25, 25, 30, 30), NULLREGION);
     const RECT nothing = clip({0, 0, 10, 10});
     EXPECT_TRUE(IsRectEmpty(&nothing));
 }
 
-// ---- Mapping ---------------------------------------------------------------
-
-TEST(ContextClipMapping, RectanglesAreLogicalAndTheClipIsInDeviceUnits)
+TEST_F(ContextClip, RectanglesAreLogicalAndTheClipIsInDeviceUnits)
 {
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
     ASSERT_TRUE(SetViewportOrgEx(dc, 10, 5, nullptr));
     EXPECT_EQ(IntersectClipRect(dc, 0, 0, 20, 20), SIMPLEREGION);
     EXPECT_TRUE(RectIs(ClipRegionBox(dc), 10, 5, 30, 25));
@@ -364,13 +288,9 @@ TEST(ContextClipMapping, RectanglesAreLogicalAndTheClipIsInDeviceUnits)
     Region device(0, 0, 10, 10);
     EXPECT_EQ(SelectClipRgn(dc, device), SIMPLEREGION);
     EXPECT_TRUE(RectIs(ClipBox(dc), -10, -5, 0, 5));
-}
 
-TEST(ContextClipMapping, ScaledAndFlippedMappingConvertsEveryCall)
-{
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
-    // Logical y grows upwards from device row 40; one unit is two pixels.
+    // Logical y growing upwards from device row 40, one unit two pixels.
+    SelectClipRgn(dc, nullptr);
     SetMapMode(dc, MM_ANISOTROPIC);
     SetWindowExtEx(dc, 1, 1, nullptr);
     SetViewportExtEx(dc, 2, -2, nullptr);
@@ -389,53 +309,55 @@ TEST(ContextClipMapping, ScaledAndFlippedMappingConvertsEveryCall)
     EXPECT_TRUE(RectIs(ClipRegionBox(dc), 20, 30, 30, 50));
 }
 
-// ---- Save stack ------------------------------------------------------------
-
-TEST(ContextClipSaving, RestoringBringsBackTheSavedClip)
+TEST_F(ContextClip, RestoringBringsBackTheSavedClipOrNone)
 {
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
-    ASSERT_EQ(IntersectClipRect(dc, 10, 10, 50, 50), SIMPLEREGION);
     ASSERT_EQ(SaveDC(dc), 1);
-    EXPECT_EQ(IntersectClipRect(dc, 20, 20, 30, 30), SIMPLEREGION);
+    ASSERT_EQ(IntersectClipRect(dc, 10, 10, 50, 50), SIMPLEREGION);
     ASSERT_EQ(SaveDC(dc), 2);
-    EXPECT_EQ(SelectClipRgn(dc, nullptr), SIMPLEREGION);
+    EXPECT_EQ(IntersectClipRect(dc, 20, 20, 30, 30), SIMPLEREGION);
     ASSERT_EQ(SaveDC(dc), 3);
+    EXPECT_EQ(SelectClipRgn(dc, nullptr), SIMPLEREGION);
+    ASSERT_EQ(SaveDC(dc), 4);
     EXPECT_EQ(ExcludeClipRect(dc, 0, 0, 5, 5), COMPLEXREGION);
 
     ASSERT_TRUE(RestoreDC(dc, -1));
     Region out(0, 0, 0, 0);
     EXPECT_EQ(GetClipRgn(dc, out), 0);
     EXPECT_TRUE(RectIs(ClipBox(dc), 0, 0, kBitmapWidth, kBitmapHeight));
-    ASSERT_TRUE(RestoreDC(dc, 1));
+    ASSERT_TRUE(RestoreDC(dc, 2));
     EXPECT_TRUE(RectIs(ClipRegionBox(dc), 10, 10, 50, 50));
     EXPECT_TRUE(RectIs(ClipBox(dc), 10, 10, 50, 50));
-}
-
-TEST(ContextClipSaving, SavedClipIsACopyOfItsOwn)
-{
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
-    ASSERT_EQ(IntersectClipRect(dc, 10, 10, 50, 50), SIMPLEREGION);
-    ASSERT_EQ(SaveDC(dc), 1);
-    // Changing the present clip in place doesn't reach the saved one.
+    // The saved clip is a copy of its own: changes in place don't reach it.
+    ASSERT_EQ(SaveDC(dc), 2);
     EXPECT_EQ(OffsetClipRgn(dc, 5, 5), SIMPLEREGION);
     EXPECT_EQ(ExcludeClipRect(dc, 0, 0, 30, 80), SIMPLEREGION);
     EXPECT_TRUE(RectIs(ClipRegionBox(dc), 30, 15, 55, 55));
     ASSERT_TRUE(RestoreDC(dc, -1));
     EXPECT_TRUE(RectIs(ClipRegionBox(dc), 10, 10, 50, 50));
-}
-
-TEST(ContextClipSaving, RestoringWithoutASavedClipRemovesTheClip)
-{
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
-    ASSERT_EQ(SaveDC(dc), 1);
-    ASSERT_EQ(IntersectClipRect(dc, 10, 10, 50, 50), SIMPLEREGION);
-    ASSERT_TRUE(RestoreDC(dc, -1));
-    Region out(0, 0, 0, 0);
+    // A state saved without a clip restores to none.
+    ASSERT_TRUE(RestoreDC(dc, 1));
     EXPECT_EQ(GetClipRgn(dc, out), 0);
     EXPECT_TRUE(Visible(dc, 60, 60, 70, 70));
+}
+
+TEST_F(ContextClip, BadRegionsLeaveTheClipAsItWas)
+{
+    ASSERT_EQ(IntersectClipRect(dc, 10, 10, 20, 20), SIMPLEREGION);
+    HRGN dead = CreateRectRgn(0, 0, 50, 50);
+    ASSERT_TRUE(DeleteObject(dead));
+    HPEN pen = CreatePen(PS_SOLID, 1, 0);
+    for (HRGN h : {dead, reinterpret_cast<HRGN>(pen), reinterpret_cast<HRGN>(GetStockObject(WHITE_BRUSH)),
+                   reinterpret_cast<HRGN>(ULONG_PTR(0x70080000) | 0xFFFF), reinterpret_cast<HRGN>(~ULONG_PTR(0))}) {
+        SCOPED_TRACE(reinterpret_cast<ULONG_PTR>(h));
+        EXPECT_EQ(SelectClipRgn(dc, h), ERROR);
+        EXPECT_TRUE(RectIs(ClipRegionBox(dc), 10, 10, 20, 20));
+        EXPECT_EQ(GetClipRgn(dc, h), -1);
+    }
+    // With no clip, GetClipRgn answers 0 before it looks at the region.
+    SelectClipRgn(dc, nullptr);
+    EXPECT_EQ(GetClipRgn(dc, dead), 0);
+    EXPECT_EQ(GetObjectType(pen), static_cast<DWORD>(OBJ_PEN));
+    DeleteObject(pen);
 }
 
 // ---- Window contexts -------------------------------------------------------
@@ -479,20 +401,25 @@ TEST_F(WindowContextClip, ClipBoxIsTheClientAreaCutByTheClip)
     EXPECT_EQ(OffsetClipRgn(m_hdc, 100, 0), NULLREGION);
     EXPECT_EQ(SelectClipRgn(m_hdc, nullptr), SIMPLEREGION);
     EXPECT_TRUE(RectIs(ClipBox(m_hdc), 0, 0, client.right, client.bottom));
-}
-
-TEST_F(WindowContextClip, ViewportOriginMovesTheLogicalClip)
-{
+    // The viewport origin moves the logical clip.
     ASSERT_TRUE(SetViewportOrgEx(m_hdc, 20, 10, nullptr));
     EXPECT_EQ(IntersectClipRect(m_hdc, 0, 0, 30, 30), SIMPLEREGION);
     EXPECT_TRUE(RectIs(ClipRegionBox(m_hdc), 20, 10, 50, 40));
     EXPECT_TRUE(RectIs(ClipBox(m_hdc), 0, 0, 30, 30));
 }
 
-TEST_F(WindowContextClip, HiddenWindowHasNothingVisible)
+TEST_F(WindowContextClip, HiddenOrFullyObscuredWindowHasNothingVisible)
 {
+    // Obscured: no rectangle is visible, but the clip box doesn't ask X.
+    const LONG flags = GetWindowLongW(m_hwnd, GWL_VORLFLAGS);
+    SetWindowLongW(m_hwnd, GWL_VORLFLAGS, flags | WF_OBSCURED);
+    EXPECT_FALSE(Visible(m_hdc, 0, 0, 10, 10));
+    RECT rc;
+    EXPECT_EQ(GetClipBox(m_hdc, &rc), COMPLEXREGION);
+    SetWindowLongW(m_hwnd, GWL_VORLFLAGS, flags & ~WF_OBSCURED);
+    EXPECT_TRUE(Visible(m_hdc, 0, 0, 10, 10));
+
     ShowWindow(m_hwnd, SW_HIDE);
-    RECT rc = {1, 2, 3, 4};
     EXPECT_EQ(GetClipBox(m_hdc, &rc), NULLREGION);
     EXPECT_TRUE(RectIs(rc, 0, 0, 0, 0));
     EXPECT_FALSE(Visible(m_hdc, 0, 0, 10, 10));
@@ -501,19 +428,6 @@ TEST_F(WindowContextClip, HiddenWindowHasNothingVisible)
     EXPECT_TRUE(RectIs(ClipRegionBox(m_hdc), 0, 0, 10, 10));
     ShowWindow(m_hwnd, SW_SHOWNA);
     EXPECT_TRUE(RectIs(ClipBox(m_hdc), 0, 0, 10, 10));
-}
-
-TEST_F(WindowContextClip, FullyObscuredWindowShowsNoRectangle)
-{
-    EXPECT_TRUE(Visible(m_hdc, 0, 0, 10, 10));
-    const LONG flags = GetWindowLongW(m_hwnd, GWL_VORLFLAGS);
-    SetWindowLongW(m_hwnd, GWL_VORLFLAGS, flags | WF_OBSCURED);
-    EXPECT_FALSE(Visible(m_hdc, 0, 0, 10, 10));
-    // The clip box doesn't ask X.
-    RECT box;
-    EXPECT_EQ(GetClipBox(m_hdc, &box), COMPLEXREGION);
-    SetWindowLongW(m_hwnd, GWL_VORLFLAGS, flags & ~WF_OBSCURED);
-    EXPECT_TRUE(Visible(m_hdc, 0, 0, 10, 10));
 }
 
 // The painting clip is set from outside and lives beside the application's
@@ -539,78 +453,4 @@ TEST_F(WindowContextClip, UpdateRegionStaysInForceWhateverTheApplicationSelects)
     // application's clip remains.
     EXPECT_EQ(IntersectClipRect(m_hdc, 60, 60, 70, 70), NULLREGION);
     EXPECT_FALSE(Visible(m_hdc, 0, 0, 120, 90));
-}
-
-// ---- Bad handles -----------------------------------------------------------
-
-TEST(ContextClipBadHandles, BadContextsGiveTheFailureValueAndError87)
-{
-    HDC dead = CreateCompatibleDC(nullptr);
-    ASSERT_TRUE(DeleteDC(dead));
-    HDC deadWindow = GetDC(nullptr);
-    ASSERT_TRUE(ReleaseDC(nullptr, deadWindow));
-    Region region(0, 0, 5, 5);
-    HPEN pen = CreatePen(PS_SOLID, 1, 0);
-    const HDC handles[] = {
-        nullptr,
-        dead,
-        deadWindow,
-        reinterpret_cast<HDC>(static_cast<HRGN>(region)),
-        reinterpret_cast<HDC>(pen),
-        reinterpret_cast<HDC>(ULONG_PTR(0x700A0000) | 0xFFFF),
-        reinterpret_cast<HDC>(~ULONG_PTR(0)),
-        reinterpret_cast<HDC>(ULONG_PTR(3)),
-    };
-    for (HDC h : handles) {
-        SCOPED_TRACE(reinterpret_cast<ULONG_PTR>(h));
-        RECT rc = {1, 2, 3, 4};
-        auto expect87 = [](const char *call, long result, long failure) {
-            EXPECT_EQ(result, failure) << call;
-            EXPECT_EQ(GetLastError(), 87u) << call;
-            SetLastError(0);
-        };
-        SetLastError(0);
-        expect87("SelectClipRgn", SelectClipRgn(h, region), ERROR);
-        expect87("SelectClipRgn null", SelectClipRgn(h, nullptr), ERROR);
-        expect87("GetClipRgn", GetClipRgn(h, region), -1);
-        expect87("IntersectClipRect", IntersectClipRect(h, 0, 0, 5, 5), ERROR);
-        expect87("ExcludeClipRect", ExcludeClipRect(h, 0, 0, 5, 5), ERROR);
-        expect87("OffsetClipRgn", OffsetClipRgn(h, 1, 1), ERROR);
-        expect87("GetClipBox", GetClipBox(h, &rc), ERROR);
-        expect87("RectVisible", RectVisible(h, &rc), FALSE);
-        expect87("GetClipBox null", GetClipBox(h, nullptr), ERROR);
-        expect87("RectVisible null", RectVisible(h, nullptr), FALSE);
-    }
-    // The region handed in is untouched.
-    EXPECT_TRUE(RectIs(RegionBox(region), 0, 0, 5, 5));
-    DeleteObject(pen);
-}
-
-TEST(ContextClipBadHandles, BadRegionsLeaveTheClipAsItWas)
-{
-    BitmapDC dc;
-    ASSERT_TRUE(dc.ready());
-    ASSERT_EQ(IntersectClipRect(dc, 10, 10, 20, 20), SIMPLEREGION);
-    HRGN dead = CreateRectRgn(0, 0, 50, 50);
-    ASSERT_TRUE(DeleteObject(dead));
-    HPEN pen = CreatePen(PS_SOLID, 1, 0);
-    const HRGN bad[] = {
-        dead,
-        reinterpret_cast<HRGN>(pen),
-        reinterpret_cast<HRGN>(GetStockObject(WHITE_BRUSH)),
-        reinterpret_cast<HRGN>(ULONG_PTR(0x70080000) | 0xFFFF),
-        reinterpret_cast<HRGN>(~ULONG_PTR(0)),
-    };
-    for (HRGN h : bad) {
-        SCOPED_TRACE(reinterpret_cast<ULONG_PTR>(h));
-        EXPECT_EQ(SelectClipRgn(dc, h), ERROR);
-        EXPECT_TRUE(RectIs(ClipRegionBox(dc), 10, 10, 20, 20));
-        EXPECT_EQ(GetClipRgn(dc, h), -1);
-    }
-    // With no clip, GetClipRgn answers 0 before it looks at the region.
-    SelectClipRgn(dc, nullptr);
-    EXPECT_EQ(GetClipRgn(dc, dead), 0);
-    // The pen lives on.
-    EXPECT_EQ(GetObjectType(pen), static_cast<DWORD>(OBJ_PEN));
-    DeleteObject(pen);
 }

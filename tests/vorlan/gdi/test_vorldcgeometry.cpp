@@ -1,30 +1,25 @@
 // The geometry helpers of the drawing code.
 #include <gtest/gtest.h>
 
-#include "gdi/vorldc.h"
+#include "gdi/dc_test_helpers.h"
 
 #include <gdk-pixbuf/gdk-pixbuf.h>
 
 #include <unistd.h>
 
+#include <vector>
+
 TEST(DrawingGeometry, NegativeSizesMoveIntoTheOrigin)
 {
     int x = 10, y = 20, w = -4, h = 6;
     vorlan::NormalizeXYWH(x, y, w, h);
-    EXPECT_EQ(x, 6);
-    EXPECT_EQ(w, 4);
-    EXPECT_EQ(y, 20);
-    EXPECT_EQ(h, 6);
+    EXPECT_EQ((std::vector<int>{x, y, w, h}), (std::vector<int>{6, 20, 4, 6}));
     x = 0, y = 0, w = 3, h = -3;
     vorlan::NormalizeXYWH(x, y, w, h);
-    EXPECT_EQ(y, -3);
-    EXPECT_EQ(h, 3);
+    EXPECT_EQ((std::vector<int>{x, y, w, h}), (std::vector<int>{0, -3, 3, 3}));
     RECT rc = {9, 8, 1, 2};
     vorlan::NormalizeRect(rc);
-    EXPECT_EQ(rc.left, 1);
-    EXPECT_EQ(rc.top, 2);
-    EXPECT_EQ(rc.right, 9);
-    EXPECT_EQ(rc.bottom, 8);
+    EXPECT_TRUE(vorlan_test::RectIs(rc, 1, 2, 9, 8));
 }
 
 TEST(DrawingGeometry, RadialAnglesAreWholeDegreesOnTheCircle)
@@ -80,7 +75,7 @@ TEST(DrawingGeometry, MirrorImageFlipsRowsAndColumnsInPlace)
     g_object_unref(pixbuf);
 }
 
-TEST(DrawingGeometry, PathBufferIsZeroedAndSizedByThePathLimit)
+TEST(DrawingGeometry, PathBufferIsZeroedAndSizedByThePathLimitAndTheRootWindowIsRecognised)
 {
     int size = 0;
     char *buffer = vorlan::pathAlloc(&size);
@@ -95,10 +90,7 @@ TEST(DrawingGeometry, PathBufferIsZeroedAndSizedByThePathLimit)
     buffer = vorlan::pathAlloc(nullptr);
     EXPECT_NE(buffer, nullptr);
     delete[] buffer;
-}
-
-TEST(DrawingGeometry, RootWindowIsRecognised)
-{
+    // Only the root window is the root window.
     EXPECT_TRUE(vorlan::IsRootWindow(gdk_get_default_root_window()));
     EXPECT_FALSE(vorlan::IsRootWindow(nullptr));
     GdkPixmap *pixmap = gdk_pixmap_new(nullptr, 2, 2, 1);

@@ -16,27 +16,30 @@ int s_deleteProcCalls = 0;
 HDC s_deleteProcHdc = nullptr;
 HWND s_deleteProcData = nullptr;
 
-BOOL RefusingDeleteProc(HDC hdc, HWND data)
+template <BOOL answer> BOOL RecordingDeleteProc(HDC hdc, HWND data)
 {
     ++s_deleteProcCalls;
     s_deleteProcHdc = hdc;
     s_deleteProcData = data;
-    return FALSE;
+    return answer;
 }
 
-BOOL AgreeingDeleteProc(HDC hdc, HWND data)
+unsigned ScreenContextCount()
 {
-    ++s_deleteProcCalls;
-    s_deleteProcHdc = hdc;
-    s_deleteProcData = data;
-    return TRUE;
+    vorlan::GtkCriticalSection lock;
+    unsigned count = 0;
+    for (vorlan::GdiObject *object : vorlan::GdiObject::gdiTable)
+        count += object != nullptr && object->type() == OBJ_DC;
+    return count;
 }
 
 } // namespace
 
-TEST(DeviceContextLifecycle, CompatibleContextsAreMemoryContexts)
+TEST(DeviceContextLifecycle, CompatibleContextsAreMemoryContextsAndLeaveNoScreenContextBehind)
 {
+    const unsigned screenContexts = ScreenContextCount();
     HDC fromScreen = CreateCompatibleDC(nullptr);
+    EXPECT_EQ(ScreenContextCount(), screenContexts);
     ASSERT_NE(fromScreen, nullptr);
     EXPECT_EQ(GetObjectType(fromScreen), static_cast<DWORD>(OBJ_MEMDC));
     HDC fromMemory = CreateCompatibleDC(fromScreen);
@@ -57,45 +60,26 @@ TEST(DeviceContextLifecycle, CompatibleContextsAreMemoryContexts)
     EXPECT_EQ(LiveType(fromScreen), 0u);
 }
 
-TEST(DeviceContextLifecycle, CreatingFromTheScreenLeavesNoScreenContextBehind)
-{
-    unsigned before = 0;
-    {
-        vorlan::GtkCriticalSection lock;
-        for (vorlan::GdiObject *object : vorlan::GdiObject::gdiTable)
-            before += object != nullptr && object->type() == OBJ_DC;
-    }
-    HDC hdc = CreateCompatibleDC(nullptr);
-    unsigned after = 0;
-    {
-        vorlan::GtkCriticalSection lock;
-        for (vorlan::GdiObject *object : vorlan::GdiObject::gdiTable)
-            after += object != nullptr && object->type() == OBJ_DC;
-    }
-    EXPECT_EQ(after, before);
-    DeleteDC(hdc);
-}
-
 TEST(DeviceContextLifecycle, DeleteProcedureDecidesWhetherTheContextGoes)
 {
     HDC hdc = CreateCompatibleDC(nullptr);
     HWND data = reinterpret_cast<HWND>(0x1234);
     s_deleteProcCalls = 0;
-    EXPECT_TRUE(GdiSetDeleteDCProc(hdc, RefusingDeleteProc, data));
+    EXPECT_TRUE(GdiSetDeleteDCProc(hdc, RecordingDeleteProc<FALSE>, data));
     EXPECT_FALSE(DeleteDC(hdc));
     EXPECT_EQ(s_deleteProcCalls, 1);
     EXPECT_EQ(s_deleteProcHdc, hdc);
     EXPECT_EQ(s_deleteProcData, data);
     EXPECT_EQ(GetObjectType(hdc), static_cast<DWORD>(OBJ_MEMDC));
-    EXPECT_TRUE(GdiSetDeleteDCProc(hdc, AgreeingDeleteProc, nullptr));
+    EXPECT_TRUE(GdiSetDeleteDCProc(hdc, RecordingDeleteProc<TRUE>, nullptr));
     EXPECT_TRUE(DeleteDC(hdc));
     EXPECT_EQ(s_deleteProcCalls, 2);
     EXPECT_EQ(s_deleteProcData, nullptr);
     EXPECT_EQ(GetObjectType(hdc), 0u);
-    EXPECT_FALSE(GdiSetDeleteDCProc(hdc, AgreeingDeleteProc, nullptr));
+    EXPECT_FALSE(GdiSetDeleteDCProc(hdc, RecordingDeleteProc<TRUE>, nullptr));
     // Without a procedure it just goes.
     HDC plain = CreateCompatibleDC(nullptr);
-    GdiSetDeleteDCProc(plain, RefusingDeleteProc, nullptr);
+    GdiSetDeleteDCProc(plain, RecordingDeleteProc<FALSE>, nullptr);
     GdiSetDeleteDCProc(plain, nullptr, nullptr);
     EXPECT_TRUE(DeleteDC(plain));
 }
@@ -174,7 +158,7 @@ TEST(DeviceContextLifecycle, NarrowDevmodeWidensFieldByField)
     EXPECT_EQ(untouched.dmSize, 0x5A5A);
 }
 
-TEST(DeviceContextLifecycle, ResettingAScreenContextReturnsItsOwnHandle)
+TEST(DeviceContextLifecycle, ResettingAScreenContextReturnsItsOwnHandleAndOnlyLiveContextsAreValid)
 {
     HDC hdc = CreateCompatibleDC(nullptr);
     DEVMODEW devmode = {};
@@ -185,12 +169,7 @@ TEST(DeviceContextLifecycle, ResettingAScreenContextReturnsItsOwnHandle)
     narrow.dmSize = sizeof narrow;
     EXPECT_EQ(ResetDCA(hdc, &narrow), hdc);
     EXPECT_EQ(ResetDCA(hdc, nullptr), hdc);
-    DeleteDC(hdc);
-}
 
-TEST(DeviceContextLifecycle, ValidityCheckAcceptsOnlyLiveContexts)
-{
-    HDC hdc = CreateCompatibleDC(nullptr);
     HDC screen = GetDC(nullptr);
     HPEN pen = CreatePen(PS_SOLID, 1, 0);
     vorlan::GtkCriticalSection lock;

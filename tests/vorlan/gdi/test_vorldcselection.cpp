@@ -32,7 +32,7 @@ TEST(DeviceContextSelection, PenBrushAndFontReturnThePreviousObject)
         EXPECT_TRUE(DeleteObject(object));
 }
 
-TEST(DeviceContextSelection, DeletedSelectedObjectLivesUntilTheContextLetsItGo)
+TEST(DeviceContextSelection, DeletedSelectedObjectLivesUntilEveryContextLetsItGo)
 {
     MemoryDC dc;
     HPEN pen = CreatePen(PS_SOLID, 3, 0x112233);
@@ -52,13 +52,10 @@ TEST(DeviceContextSelection, DeletedSelectedObjectLivesUntilTheContextLetsItGo)
     HDC raw = dc.get();
     EXPECT_TRUE(DeleteDC(raw));
     EXPECT_EQ(LiveType(brush), 0u);
-}
-
-TEST(DeviceContextSelection, ObjectSelectedIntoTwoContextsLivesUntilBothRelease)
-{
+    // Selected into two contexts, it lives until both let it go.
     MemoryDC first;
     MemoryDC second;
-    HBRUSH brush = CreateSolidBrush(0x010101);
+    brush = CreateSolidBrush(0x010101);
     SelectObject(first, brush);
     SelectObject(second, brush);
     DeleteObject(brush);
@@ -68,7 +65,7 @@ TEST(DeviceContextSelection, ObjectSelectedIntoTwoContextsLivesUntilBothRelease)
     EXPECT_EQ(LiveType(brush), 0u);
 }
 
-TEST(DeviceContextSelection, BitmapGoesIntoOneMemoryContextAtATime)
+TEST(DeviceContextSelection, BitmapGoesIntoOneMemoryContextAtATimeButTheDefaultOneIntoAll)
 {
     MemoryDC first;
     MemoryDC second;
@@ -79,21 +76,12 @@ TEST(DeviceContextSelection, BitmapGoesIntoOneMemoryContextAtATime)
     // Once the first lets it go, the second may take it.
     SelectObject(first, GetStockObject(21));
     EXPECT_EQ(SelectObject(second, bitmap), GetStockObject(21));
-    SelectObject(second, GetStockObject(21));
-    EXPECT_TRUE(DeleteObject(bitmap));
-}
-
-TEST(DeviceContextSelection, DefaultBitmapIsInEveryMemoryContext)
-{
-    MemoryDC a;
-    MemoryDC b;
-    MemoryDC c;
-    HBITMAP bitmap = CreateBitmap(4, 4, 1, 1, nullptr);
-    SelectObject(b, bitmap);
-    EXPECT_EQ(SelectObject(b, GetStockObject(21)), bitmap);
-    for (HDC hdc : {a.get(), b.get(), c.get()})
+    // The default bitmap is in every memory context at once.
+    EXPECT_EQ(SelectObject(second, GetStockObject(21)), bitmap);
+    MemoryDC third;
+    for (HDC hdc : {first.get(), second.get(), third.get()})
         EXPECT_EQ(GetCurrentObject(hdc, OBJ_BITMAP), GetStockObject(21));
-    DeleteObject(bitmap);
+    EXPECT_TRUE(DeleteObject(bitmap));
 }
 
 TEST(DeviceContextSelection, BitmapOfAnotherDepthOrIntoAWindowContextIsRefused)
@@ -138,29 +126,6 @@ TEST(DeviceContextSelection, SelectedBitmapBecomesTheDrawable)
     EXPECT_EQ(GetDeviceCaps(dc, NUMCOLORS) != -1, true);
     SelectObject(dc, GetStockObject(21));
     DeleteObject(bitmap);
-}
-
-TEST(DeviceContextSelection, RegionSelectsTheClipAndReturnsItsResult)
-{
-    MemoryDC dc;
-    HRGN region = CreateRectRgn(1, 2, 30, 40);
-    HGDIOBJ result = SelectObject(dc, region);
-    EXPECT_NE(result, region);
-    // The clip lies outside the 1 x 1 default bitmap: nothing visible.
-    EXPECT_EQ(reinterpret_cast<INT_PTR>(result), NULLREGION);
-    // The context keeps a copy: the caller's region may go.
-    EXPECT_TRUE(DeleteObject(region));
-    HRGN copy = CreateRectRgn(0, 0, 0, 0);
-    EXPECT_EQ(GetClipRgn(dc, copy), 1);
-    const RECT box = vorlan_test::RegionBox(copy);
-    EXPECT_EQ(box.left, 1);
-    EXPECT_EQ(box.top, 2);
-    EXPECT_EQ(box.right, 30);
-    EXPECT_EQ(box.bottom, 40);
-    // Without a clip the whole 1 x 1 default bitmap is visible.
-    EXPECT_EQ(SelectClipRgn(dc, nullptr), SIMPLEREGION);
-    EXPECT_EQ(GetClipRgn(dc, copy), 0);
-    DeleteObject(copy);
 }
 
 TEST(DeviceContextSelection, PalettesAndOtherHandlesAreNotSelectable)

@@ -83,7 +83,8 @@ TEST(GdiBrushes, EachKindStoresItsLogBrush)
     const Case cases[] = {
         {CreateSolidBrush(0x0D102030), {BS_SOLID, 0x0D102030, 0}},
         {CreateHatchBrush(HS_CROSS, 0x445566), {BS_HATCHED, 0x445566, HS_CROSS}},
-        {CreateDIBPatternBrush(packed, DIB_PAL_COLORS), {BS_DIBPATTERN, DIB_PAL_COLORS, reinterpret_cast<ULONG_PTR>(packed)}},
+        {CreateDIBPatternBrush(packed, DIB_PAL_COLORS),
+         {BS_DIBPATTERN, DIB_PAL_COLORS, reinterpret_cast<ULONG_PTR>(packed)}},
     };
     for (const Case &c : cases) {
         EXPECT_EQ(GetObjectType(c.brush), static_cast<DWORD>(OBJ_BRUSH));
@@ -104,7 +105,7 @@ TEST(GdiBrushes, EachKindStoresItsLogBrush)
 }
 
 // The brush owns a copy of the pattern, which dies with the brush.
-TEST(GdiBrushes, PatternBrushOutlivesItsSourceBitmap)
+TEST(GdiBrushes, PatternBrushOutlivesItsSourceBitmapAlsoOneWithoutBits)
 {
     const BYTE bits[16] = {0x81, 0, 0x42, 0, 0x24, 0, 0x18, 0, 0x18, 0, 0x24, 0, 0x42, 0, 0x81, 0};
     HBITMAP source = CreateBitmap(8, 8, 1, 1, bits);
@@ -125,6 +126,25 @@ TEST(GdiBrushes, PatternBrushOutlivesItsSourceBitmap)
     EXPECT_EQ(std::memcmp(bm.bmBits, bits, sizeof bits), 0);
     EXPECT_TRUE(DeleteObject(brush));
     EXPECT_EQ(GetObjectType(copy), 0u);
+
+    // A bitmap made without bits has no memory image (its pixels would live
+    // in a device's pixmap); reading it back and copying it still work.
+    HBITMAP bitmap = CreateBitmap(16, 3, 1, 8, nullptr);
+    std::memset(&bm, 0xAB, sizeof bm);
+    ASSERT_EQ(GetObjectW(bitmap, sizeof bm, &bm), kBitmapSize);
+    EXPECT_EQ(bm.bmBits, nullptr);
+    EXPECT_EQ(bm.bmWidthBytes, 16);
+    EXPECT_EQ(bm.bmType, 0);
+    brush = CreatePatternBrush(bitmap);
+    ASSERT_NE(brush, nullptr);
+    EXPECT_TRUE(DeleteObject(bitmap));
+    ASSERT_EQ(GetObjectW(brush, sizeof lb, &lb), static_cast<int>(sizeof lb));
+    ASSERT_EQ(GetObjectW(reinterpret_cast<HBITMAP>(lb.lbHatch), sizeof bm, &bm), kBitmapSize);
+    EXPECT_EQ(bm.bmWidth, 16);
+    EXPECT_EQ(bm.bmHeight, 3);
+    EXPECT_EQ(bm.bmBitsPixel, 8);
+    EXPECT_EQ(bm.bmBits, nullptr);
+    EXPECT_TRUE(DeleteObject(brush));
 }
 
 TEST(GdiFonts, WideFontIsKeptWholeAndNarrowedOnRequest)
@@ -244,9 +264,18 @@ TEST(GdiBitmaps, BitsAreCopiedAndTheSizeRulesHold)
     DeleteObject(bitmap);
 }
 
-TEST(GdiDibSections, BadArgumentsFailWithInvalidParameter)
+static unsigned LiveBitmaps()
+{
+    unsigned count = 0;
+    for (unsigned i = 0; i < 65536; ++i)
+        count += GetObjectType(reinterpret_cast<HGDIOBJ>(0x70070000ul + i)) != 0;
+    return count;
+}
+
+TEST(GdiDibSections, BadArgumentsFailWithInvalidParameterAndLeaveNoObject)
 {
     const DibInfo info = MakeDibInfo(4, 4, 8);
+    const unsigned before = LiveBitmaps();
     void *bits = reinterpret_cast<void *>(1);
     SetLastError(0);
     EXPECT_EQ(CreateDIBSection(nullptr, nullptr, DIB_RGB_COLORS, &bits, nullptr, 0), nullptr);
@@ -261,11 +290,15 @@ TEST(GdiDibSections, BadArgumentsFailWithInvalidParameter)
         EXPECT_EQ(CreateDIBSection(nullptr, AsInfo(bad), DIB_RGB_COLORS, &bits, nullptr, 0), nullptr);
         EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
     }
-    // A section handle that locks to nothing.
+    // A section handle that locks to nothing: the bitmap object made for it
+    // is destroyed.
     SetLastError(0);
+    bits = reinterpret_cast<void *>(1);
     EXPECT_EQ(CreateDIBSection(nullptr, AsInfo(info), DIB_RGB_COLORS, &bits, reinterpret_cast<HANDLE>(0x7754), 0),
               nullptr);
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
+    EXPECT_EQ(bits, nullptr);
+    EXPECT_EQ(LiveBitmaps(), before);
 }
 
 // The BITMAP has the screen's depth, the header the depth of the block.
@@ -358,36 +391,9 @@ TEST(GdiPalettes, NearestIndexPrefersExactThenFirstNearest)
     EXPECT_EQ(GetNearestPaletteIndex(palette, 0x02000505), 2u) << "the top byte is ignored";
     EXPECT_EQ(GetNearestPaletteIndex(palette, RGB(0, 9, 0)), 1u);
     EXPECT_EQ(GetNearestPaletteIndex(palette, RGB(255, 255, 255)), 0u);
-    HPEN pen = CreatePen(PS_SOLID, 1, 0);
-    EXPECT_EQ(GetNearestPaletteIndex(reinterpret_cast<HPALETTE>(pen), 0), 0u);
-    DeleteObject(pen);
+    EXPECT_EQ(GetNearestPaletteIndex(palette, RGB(6, 4, 0)), 2u) << "nearest by the sum of the differences";
+    EXPECT_EQ(GetNearestPaletteIndex(nullptr, 0), 0u);
     DeleteObject(palette);
-}
-
-// A bitmap made without bits has no memory image: its pixels would live in a
-// device's pixmap.  Reading it back and copying it for a brush still work.
-TEST(GdiBitmaps, UninitialisedBitmapHasNoBitsButIsUsable)
-{
-    HBITMAP bitmap = CreateBitmap(16, 3, 1, 8, nullptr);
-    ASSERT_NE(bitmap, nullptr);
-    BITMAP bm;
-    std::memset(&bm, 0xAB, sizeof bm);
-    ASSERT_EQ(GetObjectW(bitmap, sizeof bm, &bm), kBitmapSize);
-    EXPECT_EQ(bm.bmBits, nullptr);
-    EXPECT_EQ(bm.bmWidthBytes, 16);
-    EXPECT_EQ(bm.bmType, 0);
-    HBRUSH brush = CreatePatternBrush(bitmap);
-    ASSERT_NE(brush, nullptr);
-    EXPECT_TRUE(DeleteObject(bitmap));
-    LOGBRUSH lb;
-    ASSERT_EQ(GetObjectW(brush, sizeof lb, &lb), static_cast<int>(sizeof lb));
-    BITMAP copy;
-    ASSERT_EQ(GetObjectW(reinterpret_cast<HBITMAP>(lb.lbHatch), sizeof copy, &copy), kBitmapSize);
-    EXPECT_EQ(copy.bmWidth, 16);
-    EXPECT_EQ(copy.bmHeight, 3);
-    EXPECT_EQ(copy.bmBitsPixel, 8);
-    EXPECT_EQ(copy.bmBits, nullptr);
-    EXPECT_TRUE(DeleteObject(brush));
 }
 
 // Between a BITMAP and a DIBSECTION the caller gets the head of the record:
@@ -409,20 +415,4 @@ TEST(GdiBitmaps, SizesBetweenBitmapAndSectionGetTheRecordHead)
         EXPECT_EQ(buffer[cb], 0xAB) << cb;
     }
     EXPECT_TRUE(DeleteObject(section));
-}
-
-TEST(GdiDibSections, FailedSectionLeavesNoObjectBehind)
-{
-    const DibInfo info = MakeDibInfo(4, 4, 8);
-    unsigned before = 0;
-    for (unsigned i = 0; i < 65536; ++i)
-        before += GetObjectType(reinterpret_cast<HGDIOBJ>(0x70070000ul + i)) != 0;
-    void *bits = nullptr;
-    EXPECT_EQ(CreateDIBSection(nullptr, AsInfo(info), DIB_RGB_COLORS, &bits, reinterpret_cast<HANDLE>(0x7754), 0),
-              nullptr);
-    EXPECT_EQ(bits, nullptr);
-    unsigned after = 0;
-    for (unsigned i = 0; i < 65536; ++i)
-        after += GetObjectType(reinterpret_cast<HGDIOBJ>(0x70070000ul + i)) != 0;
-    EXPECT_EQ(after, before) << "the bitmap object of the failed section is destroyed";
 }

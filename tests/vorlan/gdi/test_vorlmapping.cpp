@@ -48,7 +48,7 @@ ScreenSize ScreenOf(HDC hdc)
 
 } // namespace
 
-TEST(CoordinateMapping, TextModeWithoutOriginsMapsEveryPointToItself)
+TEST(CoordinateMapping, TextModeMapsEveryPointToItselfAndRoundsHalvesUp)
 {
     MemoryDC dc;
     for (POINT p : {POINT{0, 0}, POINT{-7, 13}, POINT{INT_MAX, INT_MIN}, POINT{INT_MIN, INT_MAX}, POINT{1, -1}}) {
@@ -59,6 +59,11 @@ TEST(CoordinateMapping, TextModeWithoutOriginsMapsEveryPointToItself)
     EXPECT_TRUE(LPtoDP(dc, &unused, 0));
     EXPECT_TRUE(DPtoLP(dc, nullptr, 0));
     EXPECT_FALSE(LPtoDP(dc, &unused, -1));
+    // Halves round towards positive infinity.
+    SetWindowExtEx(dc, 2, 2, nullptr);
+    EXPECT_POINT(ToDevice(dc, 1, -1), 1, 0);
+    EXPECT_POINT(ToDevice(dc, 3, -3), 2, -1);
+    EXPECT_POINT(ToDevice(dc, -5, 5), -2, 3);
 }
 
 TEST(CoordinateMapping, FixedModesTakeTheirExtentsFromTheScreen)
@@ -91,9 +96,16 @@ TEST(CoordinateMapping, FixedModesTakeTheirExtentsFromTheScreen)
     EXPECT_EQ(text.szViewportExt.cy, 1);
     EXPECT_EQ(text.szWindowExt.cx, 1);
     EXPECT_EQ(text.szWindowExt.cy, 1);
+    // y grows upward in the metric modes.
+    SetMapMode(dc, MM_LOMETRIC);
+    const POINT p = ToDevice(dc, 0, 100);
+    EXPECT_LT(p.y, 0);
+    const float sy = static_cast<float>(static_cast<double>(-s.vr) / (s.vs * 10));
+    EXPECT_EQ(p.y, static_cast<LONG>(std::floor(100.0L * sy + 0.5L)));
+    EXPECT_EQ(p.x, 0);
 }
 
-TEST(CoordinateMapping, FreeModesKeepTheExtentsAndAnyModeAboveIsStored)
+TEST(CoordinateMapping, FreeModesKeepTheExtentsWithoutAspectCorrectionAndAnyModeAboveIsStored)
 {
     MemoryDC dc;
     SetWindowExtEx(dc, 40, 50, nullptr);
@@ -108,12 +120,15 @@ TEST(CoordinateMapping, FreeModesKeepTheExtentsAndAnyModeAboveIsStored)
     EXPECT_EQ(SetMapMode(dc, 0), 0);
     EXPECT_EQ(SetMapMode(dc, -3), 0);
     EXPECT_EQ(GetMapMode(dc), 1000);
-}
-
-TEST(CoordinateMapping, SettingTheSameModeAgainRebuildsNothing)
-{
-    MemoryDC dc;
-    EXPECT_EQ(SetMapMode(dc, MM_HIMETRIC), MM_TEXT);
+    // The isotropic mode gets no aspect correction.
+    SetMapMode(dc, MM_ISOTROPIC);
+    SetWindowExtEx(dc, 100, 100, nullptr);
+    SetViewportExtEx(dc, 300, -50, nullptr);
+    EXPECT_EQ(StateOf(dc).szViewportExt.cx, 300);
+    EXPECT_EQ(StateOf(dc).szViewportExt.cy, -50);
+    EXPECT_POINT(ToDevice(dc, 100, 100), 300, -50);
+    // Setting a fixed mode again rebuilds nothing.
+    EXPECT_EQ(SetMapMode(dc, MM_HIMETRIC), MM_ISOTROPIC);
     SetViewportExtEx(dc, 5, 5, nullptr);
     SetWindowExtEx(dc, 1, 1, nullptr);
     EXPECT_EQ(SetMapMode(dc, MM_HIMETRIC), MM_HIMETRIC);
@@ -121,31 +136,7 @@ TEST(CoordinateMapping, SettingTheSameModeAgainRebuildsNothing)
     EXPECT_POINT(ToDevice(dc, 2, 3), 10, 15);
 }
 
-TEST(CoordinateMapping, IsotropicModeGetsNoAspectCorrection)
-{
-    MemoryDC dc;
-    SetMapMode(dc, MM_ISOTROPIC);
-    SetWindowExtEx(dc, 100, 100, nullptr);
-    SetViewportExtEx(dc, 300, -50, nullptr);
-    const vorlan::DCState state = StateOf(dc);
-    EXPECT_EQ(state.szViewportExt.cx, 300);
-    EXPECT_EQ(state.szViewportExt.cy, -50);
-    EXPECT_POINT(ToDevice(dc, 100, 100), 300, -50);
-}
-
-TEST(CoordinateMapping, MetricModeMakesYGrowUpward)
-{
-    MemoryDC dc;
-    const ScreenSize s = ScreenOf(dc);
-    SetMapMode(dc, MM_LOMETRIC);
-    const POINT p = ToDevice(dc, 0, 100);
-    EXPECT_LT(p.y, 0);
-    const float sy = static_cast<float>(static_cast<double>(-s.vr) / (s.vs * 10));
-    EXPECT_EQ(p.y, static_cast<LONG>(std::floor(100.0L * sy + 0.5L)));
-    EXPECT_EQ(p.x, 0);
-}
-
-TEST(CoordinateMapping, OriginsAndExtentsSetInTextModeChangeTheMapping)
+TEST(CoordinateMapping, OriginsAndExtentsSetInTextModeChangeTheMappingButOnlyTheViewportOriginOffsets)
 {
     MemoryDC dc;
     SIZE oldSize = {};
@@ -170,17 +161,15 @@ TEST(CoordinateMapping, OriginsAndExtentsSetInTextModeChangeTheMapping)
     EXPECT_EQ(oldSize.cx, 1);
     EXPECT_TRUE(SetViewportOrg(dc, 0, 0, &oldPoint));
     EXPECT_POINT(oldPoint, 100, 200);
-}
 
-TEST(CoordinateMapping, OnlyTheViewportOriginCanBeOffset)
-{
-    MemoryDC dc;
+    // Only the viewport origin can be offset, and no extent scaled.
+    SetWindowExtEx(dc, 1, 1, nullptr);
+    SetViewportExtEx(dc, 1, 1, nullptr);
     SetViewportOrgEx(dc, 5, 6, nullptr);
     SetWindowOrgEx(dc, 1, 1, nullptr);
     POINT old = {-1, -1};
     EXPECT_TRUE(OffsetViewportOrgEx(dc, 10, -20, &old));
     EXPECT_POINT(old, 5, 6);
-    POINT org;
     GetViewportOrgEx(dc, &org);
     EXPECT_POINT(org, 15, -14);
     EXPECT_POINT(ToDevice(dc, 1, 1), 15, -14);
@@ -192,15 +181,6 @@ TEST(CoordinateMapping, OnlyTheViewportOriginCanBeOffset)
     EXPECT_FALSE(ScaleViewportExtEx(dc, 2, 1, 2, 1, &size));
     EXPECT_EQ(StateOf(dc).szWindowExt.cx, 1);
     EXPECT_EQ(StateOf(dc).szViewportExt.cx, 1);
-}
-
-TEST(CoordinateMapping, HalvesRoundTowardsPositiveInfinity)
-{
-    MemoryDC dc;
-    SetWindowExtEx(dc, 2, 2, nullptr);
-    EXPECT_POINT(ToDevice(dc, 1, -1), 1, 0);
-    EXPECT_POINT(ToDevice(dc, 3, -3), 2, -1);
-    EXPECT_POINT(ToDevice(dc, -5, 5), -2, 3);
 }
 
 TEST(CoordinateMapping, ZeroExtentsKeepTheLastInverseAndNeverFault)
@@ -342,10 +322,7 @@ TEST(CoordinateMapping, SizeConversionsAreAbsoluteAndToleratePointers)
     SetViewportExtEx(dc, -2, 2, nullptr);
     SetWindowExtEx(dc, 1, 1, nullptr);
     SetViewportOrgEx(dc, 10, 10, nullptr);
-    int x = 3;
-    int y = 4;
-    int w = 5;
-    int h = -6;
+    int x = 3, y = 4, w = 5, h = -6;
     EXPECT_TRUE(vorlan::transforWidthAndHeight(dc, &x, &y, &w, &h));
     EXPECT_EQ(x, 4);
     EXPECT_EQ(y, 18);

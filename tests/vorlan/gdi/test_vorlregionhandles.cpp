@@ -109,11 +109,3 @@ TEST(RegionBadHandles, EveryCallFailsOnHandlesThatNameNoRegion)
                          static_cast<HGDIOBJ>(brush), static_cast<HGDIOBJ>(bitmap)})
         EXPECT_TRUE(DeleteObject(live));
 }
-
-TEST(RegionBadHandles, DeletingARegionTwiceFailsTheSecondTime)
-{
-    HRGN region = CreateEllipticRgn(0, 0, 10, 10);
-    EXPECT_TRUE(DeleteObject(region));
-    EXPECT_FALSE(DeleteObject(region));
-    EXPECT_EQ(GetObjectType(region), 0u);
-}

@@ -103,7 +103,7 @@ TEST(RegionPolygon, ModesOtherThanAlternateFillByWinding)
     DeleteObject(winding);
 }
 
-TEST(RegionPolygon, FewerThanThreePointsEncloseNothing)
+TEST(RegionPolygon, FewerThanThreePointsEncloseNothingAndNoneFail)
 {
     const POINT points[] = {{3, 4}, {30, 40}};
     for (int count : {1, 2}) {
@@ -112,10 +112,7 @@ TEST(RegionPolygon, FewerThanThreePointsEncloseNothing)
         EXPECT_EQ(GetRgnBox(region, nullptr), NULLREGION) << count;
         DeleteObject(region);
     }
-}
-
-TEST(RegionPolygon, NoPointsFailWithoutAnObject)
-{
+    // No points fail without an object.
     const unsigned before = LiveGdiObjects();
     EXPECT_EQ(CreatePolygonRgn(nullptr, 3, ALTERNATE), nullptr);
     EXPECT_EQ(CreatePolygonRgn(kStar, 0, ALTERNATE), nullptr);
@@ -123,7 +120,7 @@ TEST(RegionPolygon, NoPointsFailWithoutAnObject)
     EXPECT_EQ(LiveGdiObjects(), before);
 }
 
-TEST(RegionPolyPolygon, OverlapCancelsUnderAlternateAndMergesUnderWinding)
+TEST(RegionPolyPolygon, OverlapAndNestingCancelUnderAlternateAndMergeUnderWinding)
 {
     const POINT points[] = {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {5, 5}, {15, 5}, {15, 15}, {5, 15}};
     const INT counts[] = {4, 4};
@@ -138,25 +135,20 @@ TEST(RegionPolyPolygon, OverlapCancelsUnderAlternateAndMergesUnderWinding)
     EXPECT_TRUE(EqualRgn(winding, expected));
     EXPECT_FALSE(PtInRegion(alternate, 7, 7));
     EXPECT_TRUE(PtInRegion(winding, 7, 7));
-    for (HRGN r : {alternate, winding, a, b, expected})
+    // A nested square makes a hole under alternate.
+    const POINT nested[] = {{0, 0}, {20, 0}, {20, 20}, {0, 20}, {5, 5}, {15, 5}, {15, 15}, {5, 15}};
+    HRGN holed = CreatePolyPolygonRgn(nested, counts, 2, ALTERNATE);
+    HRGN full = CreatePolyPolygonRgn(nested, counts, 2, WINDING);
+    EXPECT_EQ(Rects(holed), "(0,0,20,5) (0,5,5,15) (15,5,20,15) (0,15,20,20)");
+    EXPECT_EQ(Rects(full), "(0,0,20,20)");
+    for (HRGN r : {alternate, winding, a, b, expected, holed, full})
         DeleteObject(r);
 }
 
-TEST(RegionPolyPolygon, NestedSquareMakesAHoleUnderAlternate)
+TEST(RegionPolyPolygon, EachPolygonTakesTheNextPointsAndOneIsThePolygonRegion)
 {
-    const POINT points[] = {{0, 0}, {20, 0}, {20, 20}, {0, 20}, {5, 5}, {15, 5}, {15, 15}, {5, 15}};
-    const INT counts[] = {4, 4};
-    HRGN alternate = CreatePolyPolygonRgn(points, counts, 2, ALTERNATE);
-    HRGN winding = CreatePolyPolygonRgn(points, counts, 2, WINDING);
-    EXPECT_EQ(Rects(alternate), "(0,0,20,5) (0,5,5,15) (15,5,20,15) (0,15,20,20)");
-    EXPECT_EQ(Rects(winding), "(0,0,20,20)");
-    DeleteObject(alternate);
-    DeleteObject(winding);
-}
-
-TEST(RegionPolyPolygon, EachPolygonTakesTheNextPoints)
-{
-    const POINT points[] = {{0, 0}, {4, 0}, {4, 4}, {0, 4}, {10, 0}, {14, 0}, {14, 4}, {20, 20}, {24, 20}, {24, 24}};
+    const POINT points[] = {{0, 0},  {4, 0},  {4, 4},   {0, 4},   {10, 0},
+                            {14, 0}, {14, 4}, {20, 20}, {24, 20}, {24, 24}};
     const INT counts[] = {4, 3, 3};
     HRGN region = CreatePolyPolygonRgn(points, counts, 3, WINDING);
     HRGN expected = CreateRectRgn(0, 0, 4, 4);
@@ -168,10 +160,7 @@ TEST(RegionPolyPolygon, EachPolygonTakesTheNextPoints)
     EXPECT_EQ(Box(region), "(0,0,24,24)");
     for (HRGN r : {region, expected, triangle1, triangle2})
         DeleteObject(r);
-}
-
-TEST(RegionPolyPolygon, OnePolygonIsThePolygonRegion)
-{
+    // One polygon is the polygon region.
     const INT count = 5;
     for (int mode : {ALTERNATE, WINDING}) {
         HRGN poly = CreatePolyPolygonRgn(kStar, &count, 1, mode);

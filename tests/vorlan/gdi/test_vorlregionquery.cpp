@@ -22,115 +22,76 @@ HRGN SquareWithHole()
 
 } // namespace
 
-TEST(RegionBox, GivesTheBoundingBoxAndTheType)
+TEST(RegionBox, GivesTheBoundingBoxAndTheTypeOrAZeroBoxWhenEmpty)
 {
     HRGN region = SquareWithHole();
     RECT box = {};
     EXPECT_EQ(GetRgnBox(region, &box), COMPLEXREGION);
     EXPECT_EQ(Str(box), "(0,0,10,10)");
+    EXPECT_EQ(GetRgnBox(region, nullptr), COMPLEXREGION) << "the box may be omitted";
     HRGN other = CreateRectRgn(-20, 30, -10, 40);
     CombineRgn(region, region, other, RGN_OR);
     EXPECT_EQ(GetRgnBox(region, &box), COMPLEXREGION);
     EXPECT_EQ(Str(box), "(-20,0,10,40)");
     EXPECT_EQ(GetRgnBox(other, &box), SIMPLEREGION);
     EXPECT_EQ(Str(box), "(-20,30,-10,40)");
-    DeleteObject(region);
-    DeleteObject(other);
-}
-
-TEST(RegionBox, BoxMayBeOmitted)
-{
-    HRGN region = SquareWithHole();
-    EXPECT_EQ(GetRgnBox(region, nullptr), COMPLEXREGION);
-    DeleteObject(region);
-}
-
-TEST(RegionBox, EmptyRegionHasAZeroBox)
-{
-    HRGN region = CreateRectRgn(40, 40, 40, 50);
-    RECT box = {1, 2, 3, 4};
+    SetRectRgn(region, 40, 40, 40, 50);
+    box = {1, 2, 3, 4};
     EXPECT_EQ(GetRgnBox(region, &box), NULLREGION);
     EXPECT_EQ(Str(box), "(0,0,0,0)");
-    DeleteObject(region);
-}
-
-TEST(RegionBox, NullHandleFailsWithoutTouchingTheBox)
-{
-    RECT box = {1, 2, 3, 4};
+    // A null handle fails without touching the box.
+    box = {1, 2, 3, 4};
     EXPECT_EQ(GetRgnBox(nullptr, &box), ERROR);
     EXPECT_EQ(Str(box), "(1,2,3,4)");
+    DeleteObject(region);
+    DeleteObject(other);
 }
 
 TEST(RegionPoint, HolesAndEdgesAreOutside)
 {
     HRGN region = SquareWithHole();
-    EXPECT_TRUE(PtInRegion(region, 0, 0));
-    EXPECT_TRUE(PtInRegion(region, 2, 5));
-    EXPECT_FALSE(PtInRegion(region, 3, 3));
-    EXPECT_FALSE(PtInRegion(region, 6, 6));
-    EXPECT_TRUE(PtInRegion(region, 7, 7));
-    EXPECT_TRUE(PtInRegion(region, 9, 0));
-    EXPECT_FALSE(PtInRegion(region, 10, 0));
-    EXPECT_FALSE(PtInRegion(region, 0, 10));
+    for (const POINT &p : {POINT{0, 0}, POINT{2, 5}, POINT{7, 7}, POINT{9, 0}})
+        EXPECT_TRUE(PtInRegion(region, p.x, p.y)) << p.x << "," << p.y;
+    for (const POINT &p : {POINT{3, 3}, POINT{6, 6}, POINT{10, 0}, POINT{0, 10}})
+        EXPECT_FALSE(PtInRegion(region, p.x, p.y)) << p.x << "," << p.y;
     EXPECT_FALSE(PtInRegion(nullptr, 0, 0));
     DeleteObject(region);
 }
 
-TEST(RegionRect, AnyPixelInsideIsEnough)
+TEST(RegionRect, AnyPixelInsideIsEnoughInvertedRectanglesAreOrderedAndEmptyOnesMiss)
 {
-    HRGN region = SquareWithHole();
-    const RECT inside = {0, 0, 3, 10};
-    const RECT overlapping = {8, 8, 20, 20};
-    const RECT covering = {-5, -5, 50, 50};
-    const RECT cornerPixel = {9, 9, 10, 10};
-    EXPECT_TRUE(RectInRegion(region, &inside));
-    EXPECT_TRUE(RectInRegion(region, &overlapping));
-    EXPECT_TRUE(RectInRegion(region, &covering));
-    EXPECT_TRUE(RectInRegion(region, &cornerPixel));
-    DeleteObject(region);
+    HRGN holed = SquareWithHole();
+    HRGN square = CreateRectRgn(0, 0, 10, 10);
+    HRGN empty = CreateRectRgn(0, 0, 0, 0);
+    const struct {
+        HRGN region;
+        RECT rect;
+        BOOL touches;
+    } cases[] = {
+        {holed, {0, 0, 3, 10}, TRUE},
+        {holed, {8, 8, 20, 20}, TRUE},
+        {holed, {-5, -5, 50, 50}, TRUE},
+        {holed, {9, 9, 10, 10}, TRUE},
+        {holed, {3, 3, 7, 7}, FALSE},
+        {holed, {10, 0, 20, 10}, FALSE},
+        {holed, {0, 10, 10, 20}, FALSE},
+        {holed, {100, 100, 110, 110}, FALSE},
+        {square, {9, 9, 5, 5}, TRUE},
+        {square, {20, 20, 10, 10}, FALSE},
+        {square, {2, 8, 4, 2}, TRUE},
+        {square, {5, 5, 5, 9}, FALSE},
+        {square, {5, 5, 9, 5}, FALSE},
+        {empty, {-1000, -1000, 1000, 1000}, FALSE},
+        {nullptr, {-1000, -1000, 1000, 1000}, FALSE},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(RectInRegion(c.region, &c.rect), c.touches) << Str(c.rect);
+    EXPECT_FALSE(RectInRegion(square, nullptr));
+    for (HRGN r : {holed, square, empty})
+        DeleteObject(r);
 }
 
-TEST(RegionRect, RectanglesInHolesOrBeyondTheEdgesMiss)
-{
-    HRGN region = SquareWithHole();
-    const RECT inHole = {3, 3, 7, 7};
-    const RECT beyondRight = {10, 0, 20, 10};
-    const RECT beyondBottom = {0, 10, 10, 20};
-    const RECT farAway = {100, 100, 110, 110};
-    EXPECT_FALSE(RectInRegion(region, &inHole));
-    EXPECT_FALSE(RectInRegion(region, &beyondRight));
-    EXPECT_FALSE(RectInRegion(region, &beyondBottom));
-    EXPECT_FALSE(RectInRegion(region, &farAway));
-    DeleteObject(region);
-}
-
-TEST(RegionRect, InvertedRectanglesAreTakenInOrderAndEmptyOnesMiss)
-{
-    HRGN region = CreateRectRgn(0, 0, 10, 10);
-    const RECT inverted = {9, 9, 5, 5};
-    const RECT invertedOutside = {20, 20, 10, 10};
-    const RECT upsideDown = {2, 8, 4, 2};
-    const RECT noWidth = {5, 5, 5, 9};
-    const RECT noHeight = {5, 5, 9, 5};
-    EXPECT_TRUE(RectInRegion(region, &inverted));
-    EXPECT_FALSE(RectInRegion(region, &invertedOutside));
-    EXPECT_TRUE(RectInRegion(region, &upsideDown));
-    EXPECT_FALSE(RectInRegion(region, &noWidth));
-    EXPECT_FALSE(RectInRegion(region, &noHeight));
-    EXPECT_FALSE(RectInRegion(region, nullptr));
-    DeleteObject(region);
-}
-
-TEST(RegionRect, EmptyRegionTouchesNothing)
-{
-    HRGN region = CreateRectRgn(0, 0, 0, 0);
-    const RECT everything = {-1000, -1000, 1000, 1000};
-    EXPECT_FALSE(RectInRegion(region, &everything));
-    EXPECT_FALSE(RectInRegion(nullptr, &everything));
-    DeleteObject(region);
-}
-
-TEST(RegionEquality, SameShapeMadeDifferentlyIsEqual)
+TEST(RegionEquality, SameShapeMadeDifferentlyIsEqualAndEmptyRegionsAreEqualAnywhere)
 {
     HRGN whole = CreateRectRgn(0, 0, 20, 10);
     HRGN left = CreateRectRgn(0, 0, 10, 10);
@@ -144,19 +105,12 @@ TEST(RegionEquality, SameShapeMadeDifferentlyIsEqual)
     EXPECT_TRUE(EqualRgn(whole, whole));
     EXPECT_FALSE(EqualRgn(whole, left));
     EXPECT_FALSE(EqualRgn(left, right));
-    for (HRGN r : {whole, left, right, joined, polygon})
-        DeleteObject(r);
-}
-
-TEST(RegionEquality, EmptyRegionsAreEqualWhereverTheyWereMade)
-{
     HRGN empty1 = CreateRectRgn(0, 0, 0, 0);
     HRGN empty2 = CreateRectRgn(50, 60, 50, 90);
-    HRGN full = CreateRectRgn(0, 0, 1, 1);
     EXPECT_TRUE(EqualRgn(empty1, empty2));
-    EXPECT_FALSE(EqualRgn(empty1, full));
+    EXPECT_FALSE(EqualRgn(empty1, left));
     EXPECT_EQ(EqualRgn(empty1, nullptr), ERROR);
     EXPECT_EQ(EqualRgn(nullptr, empty1), ERROR);
-    for (HRGN r : {empty1, empty2, full})
+    for (HRGN r : {whole, left, right, joined, polygon, empty1, empty2})
         DeleteObject(r);
 }

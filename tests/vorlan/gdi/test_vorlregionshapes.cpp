@@ -73,7 +73,7 @@ void ExpectCloseToTheTrueEllipse(HRGN region, const RECT &box, double tolerance)
 
 } // namespace
 
-TEST(RegionEllipse, CircleFillsItsBoxAndIsSymmetric)
+TEST(RegionEllipse, CircleFillsItsBoxSymmetricallyWithItsExtremePointsInside)
 {
     const RECT box = {0, 0, 100, 100};
     HRGN circle = CreateEllipticRgnIndirect(&box);
@@ -83,22 +83,23 @@ TEST(RegionEllipse, CircleFillsItsBoxAndIsSymmetric)
     ExpectOneRunPerRowMirrored(circle, box, 100);
     ExpectRowsWidenTowardsTheMiddle(circle, box);
     ExpectCloseToTheTrueEllipse(circle, box, 0.03);
-    DeleteObject(circle);
-}
-
-TEST(RegionEllipse, ExtremePointsAreInsideAndBoxCornersOutside)
-{
-    HRGN circle = CreateEllipticRgn(0, 0, 100, 100);
     for (const POINT &p : {POINT{50, 0}, POINT{49, 0}, POINT{50, 99}, POINT{0, 50}, POINT{99, 50}, POINT{0, 49},
                            POINT{99, 49}, POINT{50, 50}})
         EXPECT_TRUE(PtInRegion(circle, p.x, p.y)) << p.x << "," << p.y;
     for (const POINT &p : {POINT{0, 0}, POINT{99, 0}, POINT{0, 99}, POINT{99, 99}, POINT{50, -1}, POINT{100, 50},
                            POINT{-1, 50}, POINT{50, 100}, POINT{10, 10}})
         EXPECT_FALSE(PtInRegion(circle, p.x, p.y)) << p.x << "," << p.y;
+    // The indirect form is the same shape and needs a rectangle.
+    HRGN direct = CreateEllipticRgn(0, 0, 100, 100);
+    EXPECT_TRUE(EqualRgn(circle, direct));
+    SetLastError(0);
+    EXPECT_EQ(CreateEllipticRgnIndirect(nullptr), nullptr);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
     DeleteObject(circle);
+    DeleteObject(direct);
 }
 
-TEST(RegionEllipse, SmallCircleHasTheExpectedPixels)
+TEST(RegionEllipse, SmallCircleHasTheExpectedPixelsAndOddWidthLosesItsRightmostColumn)
 {
     HRGN circle = CreateEllipticRgn(0, 0, 10, 10);
     EXPECT_EQ(Picture(circle, 0, 0, 10, 10), "...####...\n"
@@ -111,7 +112,12 @@ TEST(RegionEllipse, SmallCircleHasTheExpectedPixels)
                                              ".########.\n"
                                              "..######..\n"
                                              "...####...\n");
+    const RECT box = {0, 0, 9, 9};
+    HRGN odd = CreateEllipticRgnIndirect(&box);
+    EXPECT_EQ(Box(odd), "(0,0,8,9)");
+    ExpectOneRunPerRowMirrored(odd, box, 8);
     DeleteObject(circle);
+    DeleteObject(odd);
 }
 
 TEST(RegionEllipse, FlatAndTallEllipsesFollowTheTrueShape)
@@ -124,15 +130,6 @@ TEST(RegionEllipse, FlatAndTallEllipsesFollowTheTrueShape)
         ExpectRowsWidenTowardsTheMiddle(ellipse, box);
         DeleteObject(ellipse);
     }
-}
-
-TEST(RegionEllipse, OddWidthLosesItsRightmostColumn)
-{
-    const RECT box = {0, 0, 9, 9};
-    HRGN ellipse = CreateEllipticRgnIndirect(&box);
-    EXPECT_EQ(Box(ellipse), "(0,0,8,9)");
-    ExpectOneRunPerRowMirrored(ellipse, box, 8);
-    DeleteObject(ellipse);
 }
 
 TEST(RegionEllipse, CornerOrderAndPositionDoNotChangeTheShape)
@@ -149,21 +146,19 @@ TEST(RegionEllipse, CornerOrderAndPositionDoNotChangeTheShape)
         DeleteObject(r);
 }
 
-TEST(RegionEllipse, TinyEllipsesStayInsideTheirBox)
+TEST(RegionEllipse, TinyThinEmptyAndHugeBoxes)
 {
     for (const RECT &box : {RECT{0, 0, 3, 3}, RECT{0, 0, 2, 2}, RECT{0, 0, 2, 7}, RECT{0, 0, 5, 3}}) {
+        SCOPED_TRACE(region_test::Str(box));
         HRGN ellipse = CreateEllipticRgnIndirect(&box);
-        ASSERT_NE(ellipse, nullptr) << region_test::Str(box);
+        ASSERT_NE(ellipse, nullptr);
         HRGN outside = CreateRectRgnIndirect(&box);
-        EXPECT_EQ(CombineRgn(outside, ellipse, outside, RGN_DIFF), NULLREGION) << region_test::Str(box);
-        EXPECT_NE(GetRgnBox(ellipse, nullptr), NULLREGION) << region_test::Str(box);
+        EXPECT_EQ(CombineRgn(outside, ellipse, outside, RGN_DIFF), NULLREGION) << "stays inside its box";
+        EXPECT_NE(GetRgnBox(ellipse, nullptr), NULLREGION);
         DeleteObject(ellipse);
         DeleteObject(outside);
     }
-}
-
-TEST(RegionEllipse, BoxesWithoutAreaGiveEmptyRegionsAndThinOnesRectangles)
-{
+    // Boxes without area give empty regions, thin ones rectangles.
     HRGN noWidth = CreateEllipticRgn(5, 5, 5, 50);
     HRGN noHeight = CreateEllipticRgn(5, 5, 50, 5);
     HRGN thin = CreateEllipticRgn(5, 5, 6, 50);
@@ -172,23 +167,7 @@ TEST(RegionEllipse, BoxesWithoutAreaGiveEmptyRegionsAndThinOnesRectangles)
     EXPECT_EQ(Rects(thin), "(5,5,6,50)");
     for (HRGN r : {noWidth, noHeight, thin})
         DeleteObject(r);
-}
-
-TEST(RegionEllipse, IndirectFormNeedsARectangle)
-{
-    SetLastError(0);
-    EXPECT_EQ(CreateEllipticRgnIndirect(nullptr), nullptr);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
-    const RECT box = {3, 4, 33, 24};
-    HRGN indirect = CreateEllipticRgnIndirect(&box);
-    HRGN direct = CreateEllipticRgn(3, 4, 33, 24);
-    EXPECT_TRUE(EqualRgn(indirect, direct));
-    DeleteObject(indirect);
-    DeleteObject(direct);
-}
-
-TEST(RegionEllipse, HugeEllipsesFailWithoutAnObject)
-{
+    // Huge ellipses fail without an object.
     EXPECT_EQ(CreateEllipticRgn(0, 0, 3000000, 10), nullptr);
     EXPECT_EQ(CreateEllipticRgn(-2000000000, 0, 2000000000, 10), nullptr);
 }
@@ -216,11 +195,18 @@ TEST(RegionRoundRect, StraightEdgesBetweenEllipticCorners)
     EXPECT_FALSE(PtInRegion(round, 0, 0));
     EXPECT_TRUE(PtInRegion(round, 50, 0));
     EXPECT_TRUE(PtInRegion(round, 0, 30));
-    DeleteObject(round);
-    DeleteObject(corners);
+    // Odd sizes stay symmetric.
+    const RECT oddBox = {0, 0, 31, 21};
+    HRGN odd = CreateRoundRectRgn(0, 0, 31, 21, 9, 7);
+    EXPECT_EQ(Box(odd), "(0,0,31,21)");
+    ExpectOneRunPerRowMirrored(odd, oddBox, 31);
+    for (HRGN r : {round, corners, odd})
+        DeleteObject(r);
 }
 
-TEST(RegionRoundRect, NoCornersGiveTheRectangle)
+// No corners give the rectangle, corners as large as the box the ellipse,
+// and negative corner sizes count as positive.
+TEST(RegionRoundRect, CornerSizesAtTheirLimits)
 {
     HRGN rect = CreateRectRgn(0, 0, 30, 20);
     for (const auto &size : {std::pair<int, int>{0, 0}, {0, 10}, {10, 0}, {1, 1}}) {
@@ -230,35 +216,14 @@ TEST(RegionRoundRect, NoCornersGiveTheRectangle)
     }
     HRGN inverted = CreateRoundRectRgn(30, 20, 0, 0, 0, 0);
     EXPECT_TRUE(EqualRgn(inverted, rect));
-    DeleteObject(inverted);
-    DeleteObject(rect);
-}
-
-TEST(RegionRoundRect, CornersAsLargeAsTheBoxGiveTheEllipse)
-{
     HRGN ellipse = CreateEllipticRgn(10, 10, 110, 70);
     HRGN exact = CreateRoundRectRgn(10, 10, 110, 70, 100, 60);
     HRGN larger = CreateRoundRectRgn(10, 10, 110, 70, 500, 900);
     EXPECT_TRUE(EqualRgn(exact, ellipse));
     EXPECT_TRUE(EqualRgn(larger, ellipse));
-    for (HRGN r : {ellipse, exact, larger})
-        DeleteObject(r);
-}
-
-TEST(RegionRoundRect, NegativeCornerSizesCountAsPositive)
-{
     HRGN positive = CreateRoundRectRgn(0, 0, 50, 40, 12, 8);
     HRGN negative = CreateRoundRectRgn(0, 0, 50, 40, -12, -8);
     EXPECT_TRUE(EqualRgn(positive, negative));
-    DeleteObject(positive);
-    DeleteObject(negative);
-}
-
-TEST(RegionRoundRect, OddSizesStaySymmetric)
-{
-    const RECT box = {0, 0, 31, 21};
-    HRGN round = CreateRoundRectRgn(0, 0, 31, 21, 9, 7);
-    EXPECT_EQ(Box(round), "(0,0,31,21)");
-    ExpectOneRunPerRowMirrored(round, box, 31);
-    DeleteObject(round);
+    for (HRGN r : {rect, inverted, ellipse, exact, larger, positive, negative})
+        DeleteObject(r);
 }

@@ -21,7 +21,7 @@ POINT Mapped(HDC hdc, int x, int y, bool toDevice = true)
 
 } // namespace
 
-TEST(RightToLeftLayout, WindowContextMirrorsAcrossTheClientWidth)
+TEST(RightToLeftLayout, WindowContextsMirrorAcrossTheirWidthAndMemoryContextsNever)
 {
     MessageRecorder recorder("VorlanRtlMapping");
     const HWND hwnd = recorder.Create(WS_POPUP, 20, 30, 180, 90);
@@ -62,16 +62,10 @@ TEST(RightToLeftLayout, WindowContextMirrorsAcrossTheClientWidth)
     SetLayout(hdc, 0);
     EXPECT_EQ(Mapped(hdc, 10, 5).x, 23);
     ReleaseDC(hwnd, hdc);
-    DestroyWindow(hwnd);
-}
 
-TEST(RightToLeftLayout, WholeWindowContextMirrorsAcrossTheWindowWidth)
-{
-    MessageRecorder recorder("VorlanRtlWindowDC");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 150, 60);
+    // A whole-window context mirrors across the window width.
     RECT rc;
     GetWindowRect(hwnd, &rc);
-    HDC hdc;
     {
         vorlan::GtkCriticalSection lock;
         const RECT bounds = {0, 0, rc.right - rc.left, rc.bottom - rc.top};
@@ -81,16 +75,12 @@ TEST(RightToLeftLayout, WholeWindowContextMirrorsAcrossTheWindowWidth)
     EXPECT_EQ(Mapped(hdc, 1, 1).x, rc.right - rc.left - 1);
     DeleteDC(hdc);
     DestroyWindow(hwnd);
-}
 
-TEST(RightToLeftLayout, MemoryContextDoesNotMirror)
-{
+    // A memory context never mirrors.
     MemoryDC dc;
     SetLayout(dc, LAYOUT_RTL);
-    POINT p = Mapped(dc, 0, 0);
-    EXPECT_EQ(p.x, 0);
-    p = Mapped(dc, 7, 3, false);
-    EXPECT_EQ(p.x, 7);
+    EXPECT_EQ(Mapped(dc, 0, 0).x, 0);
+    EXPECT_EQ(Mapped(dc, 7, 3, false).x, 7);
 }
 
 TEST(RightToLeftLayout, RealDevicePointsAddTheOutputBounds)

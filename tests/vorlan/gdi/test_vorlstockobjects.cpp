@@ -7,24 +7,7 @@
 #include "gtk/vorlgtklock.h"
 
 #include <cstring>
-
-namespace {
-
-LOGBRUSH BrushOf(int index)
-{
-    LOGBRUSH lb = {};
-    EXPECT_EQ(GetObjectW(GetStockObject(index), sizeof lb, &lb), static_cast<int>(sizeof lb)) << index;
-    return lb;
-}
-
-LOGPEN PenOf(int index)
-{
-    LOGPEN lp = {};
-    EXPECT_EQ(GetObjectW(GetStockObject(index), sizeof lp, &lp), static_cast<int>(sizeof lp)) << index;
-    return lp;
-}
-
-} // namespace
+#include <utility>
 
 TEST(GdiStockObjects, IndicesWithoutAnObjectGiveZero)
 {
@@ -34,30 +17,41 @@ TEST(GdiStockObjects, IndicesWithoutAnObjectGiveZero)
 
 TEST(GdiStockObjects, BrushesAndPens)
 {
-    EXPECT_EQ(BrushOf(WHITE_BRUSH).lbColor, 0xFFFFFFu);
-    EXPECT_EQ(BrushOf(LTGRAY_BRUSH).lbColor, 0xC0C0C0u);
-    EXPECT_EQ(BrushOf(GRAY_BRUSH).lbColor, 0x0D808080u);
-    EXPECT_EQ(BrushOf(DKGRAY_BRUSH).lbColor, 0x404040u);
-    EXPECT_EQ(BrushOf(BLACK_BRUSH).lbColor, 0u);
-    EXPECT_EQ(BrushOf(BLACK_BRUSH).lbStyle, static_cast<UINT>(BS_SOLID));
-    EXPECT_EQ(BrushOf(NULL_BRUSH).lbStyle, static_cast<UINT>(BS_NULL));
-    EXPECT_EQ(BrushOf(DC_BRUSH).lbColor, 0xFFFFFFu);
+    const struct {
+        int index;
+        UINT style;
+        COLORREF colour;
+    } brushes[] = {{WHITE_BRUSH, BS_SOLID, 0xFFFFFF},  {LTGRAY_BRUSH, BS_SOLID, 0xC0C0C0},
+                   {GRAY_BRUSH, BS_SOLID, 0x0D808080}, {DKGRAY_BRUSH, BS_SOLID, 0x404040},
+                   {BLACK_BRUSH, BS_SOLID, 0},         {NULL_BRUSH, BS_NULL, 0},
+                   {DC_BRUSH, BS_SOLID, 0xFFFFFF}},
+      pens[] = {{BLACK_PEN, PS_SOLID, 0}, {WHITE_PEN, PS_SOLID, 0xFFFFFF}, {DC_PEN, PS_SOLID, 0xFFFFFF}};
+    for (const auto &b : brushes) {
+        LOGBRUSH lb = {};
+        ASSERT_EQ(GetObjectW(GetStockObject(b.index), sizeof lb, &lb), static_cast<int>(sizeof lb)) << b.index;
+        EXPECT_EQ(lb.lbStyle, b.style) << b.index;
+        if (b.style == BS_SOLID) {
+            EXPECT_EQ(lb.lbColor, b.colour) << b.index;
+        }
+    }
+    for (const auto &p : pens) {
+        LOGPEN lp = {};
+        ASSERT_EQ(GetObjectW(GetStockObject(p.index), sizeof lp, &lp), static_cast<int>(sizeof lp)) << p.index;
+        EXPECT_EQ(lp.lopnStyle, p.style) << p.index;
+        EXPECT_EQ(lp.lopnWidth.x, 1) << p.index;
+        EXPECT_EQ(lp.lopnColor, p.colour) << p.index;
+    }
     EXPECT_NE(GetStockObject(DC_BRUSH), GetStockObject(WHITE_BRUSH));
-    const LOGPEN black = PenOf(BLACK_PEN);
-    EXPECT_EQ(black.lopnStyle, static_cast<UINT>(PS_SOLID));
-    EXPECT_EQ(black.lopnWidth.x, 1);
-    EXPECT_EQ(black.lopnColor, 0u);
-    EXPECT_EQ(PenOf(WHITE_PEN).lopnColor, 0xFFFFFFu);
-    EXPECT_EQ(PenOf(DC_PEN).lopnColor, 0xFFFFFFu);
     EXPECT_NE(GetStockObject(DC_PEN), GetStockObject(WHITE_PEN));
     EXPECT_EQ(GetStockObject(GRAY_BRUSH), GetStockObject(GRAY_BRUSH));
 }
 
+// Seven font indices share one font, whose charset follows the code page.
 TEST(GdiStockObjects, SevenFontIndicesShareOneFont)
 {
     HGDIOBJ font = GetStockObject(SYSTEM_FONT);
-    for (int index : {OEM_FIXED_FONT, ANSI_FIXED_FONT, ANSI_VAR_FONT, DEVICE_DEFAULT_FONT, SYSTEM_FIXED_FONT,
-                      DEFAULT_GUI_FONT})
+    for (int index :
+         {OEM_FIXED_FONT, ANSI_FIXED_FONT, ANSI_VAR_FONT, DEVICE_DEFAULT_FONT, SYSTEM_FIXED_FONT, DEFAULT_GUI_FONT})
         EXPECT_EQ(GetStockObject(index), font) << index;
     LOGFONTA lf;
     ASSERT_EQ(GetObjectA(font, sizeof lf, &lf), 60);
@@ -67,16 +61,11 @@ TEST(GdiStockObjects, SevenFontIndicesShareOneFont)
     EXPECT_EQ(lf.lfCharSet, vorlan::CharsetOfAnsiCodePage(GetACP()));
     EXPECT_EQ(lf.lfItalic + lf.lfEscapement + lf.lfPitchAndFamily, 0);
     EXPECT_STREQ(lf.lfFaceName, "Luxi Sans");
-}
-
-TEST(GdiStockObjects, CharsetFollowsTheEastAsianCodePages)
-{
-    EXPECT_EQ(vorlan::CharsetOfAnsiCodePage(932), SHIFTJIS_CHARSET);
-    EXPECT_EQ(vorlan::CharsetOfAnsiCodePage(936), GB2312_CHARSET);
-    EXPECT_EQ(vorlan::CharsetOfAnsiCodePage(949), HANGUL_CHARSET);
-    EXPECT_EQ(vorlan::CharsetOfAnsiCodePage(950), CHINESEBIG5_CHARSET);
-    EXPECT_EQ(vorlan::CharsetOfAnsiCodePage(1252), ANSI_CHARSET);
-    EXPECT_EQ(vorlan::CharsetOfAnsiCodePage(65001), ANSI_CHARSET);
+    const std::pair<UINT, int> charsets[] = {{932, SHIFTJIS_CHARSET}, {936, GB2312_CHARSET},
+                                             {949, HANGUL_CHARSET},   {950, CHINESEBIG5_CHARSET},
+                                             {1252, ANSI_CHARSET},    {65001, ANSI_CHARSET}};
+    for (const auto &c : charsets)
+        EXPECT_EQ(vorlan::CharsetOfAnsiCodePage(c.first), c.second) << c.first;
 }
 
 TEST(GdiStockObjects, DefaultPaletteAndBitmap)

@@ -52,17 +52,12 @@ HGLOBAL PackedDib()
 
 } // namespace
 
-TEST(ScreenBrushes, SolidBrushFillsInItsColour)
+TEST(ScreenBrushes, SolidBrushFillsInItsColourAndAHatchedOneSolidWhite)
 {
     Canvas canvas;
     canvas.UseBrush(CreateSolidBrush(RGB(10, 200, 30)));
     Rectangle(canvas, 0, 0, 10, 10);
     EXPECT_EQ(canvas.At(4, 4), RGB(10, 200, 30));
-}
-
-TEST(ScreenBrushes, HatchedBrushPaintsSolidWhite)
-{
-    Canvas canvas;
     canvas.Clear(kBlack);
     canvas.UseBrush(CreateHatchBrush(HS_CROSS, kRed));
     canvas.UsePen(CreatePen(PS_NULL, 1, kBlack));
@@ -117,7 +112,7 @@ TEST(ScreenBrushes, DibPatternBrushPaintsItsPictureTopRowFirst)
     EXPECT_EQ(canvas.At(1, 1), kWhite);
     EXPECT_EQ(canvas.At(2, 2), kRed);
     canvas.UseBrush(static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-    GlobalFree(dib);
+    EXPECT_EQ(GlobalFree(dib), nullptr);
 }
 
 TEST(ScreenBrushes, PatternSurvivesAPenDrawnAfterIt)
@@ -135,7 +130,7 @@ TEST(ScreenBrushes, PatternSurvivesAPenDrawnAfterIt)
     EXPECT_EQ(canvas.Row(21, 20, 23, kBlack), "####");
 }
 
-TEST(ScreenBrushes, ColourPatternsOnAMonoBitmapFillNothingAndDoNotFail)
+TEST(ScreenBrushes, ColourPatternsOnAMonoBitmapFillNothingWhileMonoPatternsKeepTheirBits)
 {
     Canvas mono(8, 8, 1);
     HBITMAP checker = ColourChecker(mono);
@@ -149,11 +144,7 @@ TEST(ScreenBrushes, ColourPatternsOnAMonoBitmapFillNothingAndDoNotFail)
     EXPECT_EQ(mono.Count(kWhite), 64);
     mono.UseBrush(static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
     GlobalFree(dib);
-}
-
-TEST(ScreenBrushes, MonoPatternOnAMonoBitmapKeepsItsBits)
-{
-    Canvas mono(4, 1, 1);
+    // A mono pattern keeps its bits.
     HBITMAP pair = MonoPair();
     mono.UseBrush(CreatePatternBrush(pair));
     DeleteObject(pair);

@@ -7,7 +7,7 @@
 
 using namespace vorlan_test;
 
-TEST(ScreenLines, HorizontalLineLeavesOutItsLastPixel)
+TEST(ScreenLines, LinesInEveryDirectionLeaveOutTheirLastPixel)
 {
     Canvas canvas;
     MoveToEx(canvas, 10, 5, nullptr);
@@ -15,49 +15,33 @@ TEST(ScreenLines, HorizontalLineLeavesOutItsLastPixel)
     EXPECT_EQ(canvas.Row(5, 9, 21, kBlack), ".##########..");
     EXPECT_EQ(canvas.Row(4, 9, 21, kBlack), ".............");
     POINT current = {};
-    MoveToEx(canvas, 0, 0, &current);
+    MoveToEx(canvas, 3, 2, &current);
     EXPECT_EQ(current.x, 20);
     EXPECT_EQ(current.y, 5);
-}
-
-TEST(ScreenLines, VerticalAndReversedLinesStopBeforeTheEnd)
-{
-    Canvas canvas;
-    MoveToEx(canvas, 3, 2, nullptr);
     LineTo(canvas, 3, 8);
     EXPECT_EQ(canvas.Column(3, 1, 9, kBlack), ".######..");
     MoveToEx(canvas, 20, 12, nullptr);
     LineTo(canvas, 14, 12);
     EXPECT_EQ(canvas.Row(12, 14, 20, kBlack), ".######");
-}
-
-TEST(ScreenLines, DiagonalLineIsShortenedOnBothAxes)
-{
-    Canvas canvas;
-    MoveToEx(canvas, 0, 0, nullptr);
-    LineTo(canvas, 5, 5);
+    // A diagonal is shortened on both axes.
+    MoveToEx(canvas, 25, 25, nullptr);
+    LineTo(canvas, 30, 30);
     for (int i = 0; i < 5; ++i)
-        EXPECT_EQ(canvas.At(i, i), kBlack) << i;
-    EXPECT_EQ(canvas.At(5, 5), kWhite);
+        EXPECT_EQ(canvas.At(25 + i, 25 + i), kBlack) << i;
+    EXPECT_EQ(canvas.At(30, 30), kWhite);
 }
 
-TEST(ScreenLines, LineToTheCurrentPositionDrawsNothing)
+TEST(ScreenLines, LineToTheCurrentPositionDrawsNothingAndANullPenFails)
 {
     Canvas canvas;
     MoveToEx(canvas, 7, 7, nullptr);
     EXPECT_TRUE(LineTo(canvas, 7, 7));
-    EXPECT_EQ(canvas.Count(kBlack), 0);
-}
-
-TEST(ScreenLines, NullPenFailsAndKeepsThePosition)
-{
-    Canvas canvas;
     canvas.UsePen(CreatePen(PS_NULL, 1, kBlack));
     MoveToEx(canvas, 1, 1, nullptr);
     EXPECT_FALSE(LineTo(canvas, 9, 1));
     POINT current = {};
     MoveToEx(canvas, 0, 0, &current);
-    EXPECT_EQ(current.x, 1);
+    EXPECT_EQ(current.x, 1) << "the position is kept";
     EXPECT_EQ(canvas.Count(kBlack), 0);
 }
 
@@ -98,7 +82,7 @@ TEST(ScreenPenStyles, DashedPenPaintsItsGapsOnAnOpaqueBackground)
     EXPECT_EQ(canvas.Row(3, 17, 22, kRed), "######");
 }
 
-TEST(ScreenPenStyles, DashedPenLeavesItsGapsOnATransparentBackground)
+TEST(ScreenPenStyles, DashedPenLeavesItsGapsOnATransparentBackgroundOrWhenWide)
 {
     Canvas canvas;
     canvas.UsePen(CreatePen(PS_DOT, 1, kBlack));
@@ -108,13 +92,9 @@ TEST(ScreenPenStyles, DashedPenLeavesItsGapsOnATransparentBackground)
     LineTo(canvas, 13, 3);
     EXPECT_EQ(canvas.Row(3, 0, 12, kBlack), "###...###...#");
     EXPECT_EQ(canvas.Row(3, 0, 12, kWhite), "...###...###.");
-}
-
-TEST(ScreenPenStyles, WideDashedPenLeavesItsGapsEvenWhenOpaque)
-{
-    Canvas canvas;
+    canvas.Clear();
+    SetBkMode(canvas, OPAQUE);
     canvas.UsePen(CreatePen(PS_DASH, 2, kBlack));
-    SetBkColor(canvas, kRed);
     MoveToEx(canvas, 0, 10, nullptr);
     LineTo(canvas, 30, 10);
     EXPECT_EQ(canvas.Count(kRed), 0);
@@ -129,7 +109,7 @@ TEST(ScreenPenStyles, DashDotAndAlternatePatterns)
     canvas.UsePen(CreatePen(PS_DASHDOT, 1, kBlack));
     MoveToEx(canvas, 0, 1, nullptr);
     LineTo(canvas, 24, 1);
-    EXPECT_EQ(canvas.Row(1, 0, 22, kBlack), "##########.....###....." );
+    EXPECT_EQ(canvas.Row(1, 0, 22, kBlack), "##########.....###.....");
     LOGPEN alternate = {PS_ALTERNATE, {1, 0}, kBlack};
     canvas.UsePen(CreatePenIndirect(&alternate));
     MoveToEx(canvas, 0, 5, nullptr);
@@ -137,7 +117,7 @@ TEST(ScreenPenStyles, DashDotAndAlternatePatterns)
     EXPECT_EQ(canvas.Row(5, 0, 7, kBlack), "#.#.#.#.");
 }
 
-TEST(ScreenPenStyles, WidePenIsCentredWithButtEnds)
+TEST(ScreenPenStyles, WidePenIsCentredWithButtEndsAndItsWidthFollowsTheMapping)
 {
     Canvas canvas;
     canvas.UsePen(CreatePen(PS_SOLID, 5, kBlue));
@@ -147,11 +127,7 @@ TEST(ScreenPenStyles, WidePenIsCentredWithButtEnds)
     // Butt ends: nothing before the start point.
     EXPECT_EQ(canvas.At(9, 20), kWhite);
     EXPECT_EQ(canvas.At(10, 20), kBlue);
-}
-
-TEST(ScreenPenStyles, PenWidthFollowsTheMapping)
-{
-    Canvas canvas;
+    canvas.Clear();
     SetMapMode(canvas, MM_ANISOTROPIC);
     SetWindowExtEx(canvas, 1, 1, nullptr);
     SetViewportExtEx(canvas, 3, 3, nullptr);

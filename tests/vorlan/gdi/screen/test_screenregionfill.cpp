@@ -23,7 +23,7 @@ BOOL FillArea(HDC hdc, const GdkRectangle &first, const GdkRectangle &second)
 
 } // namespace
 
-TEST(ScreenRegionFill, FillsEveryRectangleOfTheRegionAndNothingElse)
+TEST(ScreenRegionFill, FillsEveryRectangleOfTheRegionInsideTheClipAndNothingElse)
 {
     Canvas canvas;
     canvas.UseBrush(CreateSolidBrush(kBlue));
@@ -33,12 +33,9 @@ TEST(ScreenRegionFill, FillsEveryRectangleOfTheRegionAndNothingElse)
     EXPECT_EQ(canvas.At(10, 10), kBlue);
     EXPECT_EQ(canvas.At(11, 11), kBlue);
     EXPECT_EQ(canvas.Count(kBlue), 12 + 4);
-}
 
-TEST(ScreenRegionFill, StaysInsideTheClipAndKeepsIt)
-{
-    Canvas canvas;
-    canvas.UseBrush(CreateSolidBrush(kBlue));
+    // Inside the clip only, and the clip is kept.
+    canvas.Clear();
     HRGN clip = CreateRectRgn(0, 0, 4, 40);
     SelectClipRgn(canvas, clip);
     DeleteObject(clip);
@@ -57,7 +54,7 @@ TEST(ScreenRegionFill, NullBrushPaintsNothing)
     EXPECT_EQ(canvas.Count(kWhite), canvas.width() * canvas.height());
 }
 
-TEST(ScreenBackgroundMode, TransparentModeStipplesTheGCAndOpaqueRestoresSolid)
+TEST(ScreenBackgroundMode, ModeAndColourReachTheGC)
 {
     Canvas canvas;
     auto fill = [&] {
@@ -72,11 +69,7 @@ TEST(ScreenBackgroundMode, TransparentModeStipplesTheGCAndOpaqueRestoresSolid)
     EXPECT_EQ(SetBkMode(canvas, OPAQUE), TRANSPARENT);
     EXPECT_EQ(fill(), GDK_SOLID);
     EXPECT_EQ(GetBkMode(canvas), OPAQUE);
-}
-
-TEST(ScreenBackgroundMode, BackgroundColourReachesTheGC)
-{
-    Canvas canvas;
+    // The background colour reaches the GC too.
     EXPECT_EQ(SetBkColor(canvas, kRed), kWhite);
     EXPECT_EQ(GetBkColor(canvas), kRed);
     vorlan::GtkCriticalSection lock;

@@ -18,7 +18,7 @@ void UseRedPenBlueBrush(Canvas &canvas)
 
 } // namespace
 
-TEST(ScreenRectangles, FilledRectangleCoversTenByTenWithThePenOnTheEdge)
+TEST(ScreenRectangles, FilledRectangleCoversTenByTenWithThePenOnTheEdgeWhicheverCornerComesFirst)
 {
     Canvas canvas;
     UseRedPenBlueBrush(canvas);
@@ -29,9 +29,16 @@ TEST(ScreenRectangles, FilledRectangleCoversTenByTenWithThePenOnTheEdge)
     EXPECT_EQ(canvas.Row(5, 0, 10, kBlue), ".########..");
     EXPECT_EQ(canvas.Count(kRed), 36);
     EXPECT_EQ(canvas.Count(kBlue), 64);
+    // Reversed corners and a round rectangle without corners: the same.
+    for (int shape = 0; shape < 2; ++shape) {
+        canvas.Clear();
+        EXPECT_TRUE(shape == 0 ? Rectangle(canvas, 10, 10, 0, 0) : RoundRect(canvas, 0, 0, 10, 10, 0, 4));
+        EXPECT_EQ(canvas.Count(kRed), 36) << shape;
+        EXPECT_EQ(canvas.Count(kBlue), 64) << shape;
+    }
 }
 
-TEST(ScreenRectangles, NullPenFillsUpToTheSecondLastPixel)
+TEST(ScreenRectangles, NullPenFillsUpToTheSecondLastPixelAndNullBrushLeavesTheInside)
 {
     Canvas canvas;
     canvas.UsePen(CreatePen(PS_NULL, 1, kBlack));
@@ -40,20 +47,8 @@ TEST(ScreenRectangles, NullPenFillsUpToTheSecondLastPixel)
     EXPECT_EQ(canvas.Row(0, 0, 10, kBlue), "#########..");
     EXPECT_EQ(canvas.Column(0, 0, 10, kBlue), "#########..");
     EXPECT_EQ(canvas.Count(kBlue), 81);
-}
-
-TEST(ScreenRectangles, ReversedCornersAreNormalised)
-{
-    Canvas canvas;
-    UseRedPenBlueBrush(canvas);
-    Rectangle(canvas, 10, 10, 0, 0);
-    EXPECT_EQ(canvas.Count(kRed), 36);
-    EXPECT_EQ(canvas.Count(kBlue), 64);
-}
-
-TEST(ScreenRectangles, NullBrushLeavesTheInside)
-{
-    Canvas canvas;
+    canvas.Clear();
+    canvas.UsePen(CreatePen(PS_SOLID, 1, kBlack));
     canvas.UseBrush(static_cast<HBRUSH>(GetStockObject(NULL_BRUSH)));
     Rectangle(canvas, 2, 2, 8, 8);
     EXPECT_EQ(canvas.Row(4, 1, 8, kBlack), ".#....#.");
@@ -68,15 +63,6 @@ TEST(ScreenRectangles, WindowOriginMovesTheShape)
     SetWindowOrgEx(canvas, 0, 0, nullptr);
     EXPECT_EQ(canvas.Row(5, 4, 9, kRed), ".####.");
     EXPECT_EQ(canvas.At(6, 6), kBlue);
-}
-
-TEST(ScreenRectangles, RoundRectWithoutCornersIsARectangle)
-{
-    Canvas canvas;
-    UseRedPenBlueBrush(canvas);
-    EXPECT_TRUE(RoundRect(canvas, 0, 0, 10, 10, 0, 4));
-    EXPECT_EQ(canvas.Count(kRed), 36);
-    EXPECT_EQ(canvas.Count(kBlue), 64);
 }
 
 TEST(ScreenRectangles, RoundRectRoundsItsCornersOnly)
@@ -109,29 +95,25 @@ TEST(ScreenEllipses, EllipseTouchesItsBoxAtTheExtremePoints)
     EXPECT_EQ(canvas.At(21, 5), kWhite);
 }
 
-TEST(ScreenEllipses, ArcDrawsOnlyTheCounterClockwiseSpan)
+// From the right (0 degrees) to the top (90): the upper right quarter.
+TEST(ScreenEllipses, ArcAndPieTakeOnlyTheCounterClockwiseSpan)
 {
-    Canvas canvas;
-    canvas.UsePen(CreatePen(PS_SOLID, 1, kRed));
-    // From the right (0 degrees) to the top (90): the upper right quarter.
-    EXPECT_TRUE(Arc(canvas, 0, 0, 20, 20, 20, 10, 10, 0));
-    EXPECT_EQ(canvas.At(20, 9), kRed);
-    EXPECT_EQ(canvas.At(11, 0), kRed);
-    EXPECT_EQ(canvas.At(0, 10), kWhite);
-    EXPECT_EQ(canvas.At(10, 20), kWhite);
-    EXPECT_EQ(canvas.Count(kBlue), 0);
-}
+    Canvas arc;
+    arc.UsePen(CreatePen(PS_SOLID, 1, kRed));
+    EXPECT_TRUE(Arc(arc, 0, 0, 20, 20, 20, 10, 10, 0));
+    EXPECT_EQ(arc.At(20, 9), kRed);
+    EXPECT_EQ(arc.At(11, 0), kRed);
+    EXPECT_EQ(arc.At(0, 10), kWhite);
+    EXPECT_EQ(arc.At(10, 20), kWhite);
+    EXPECT_EQ(arc.Count(kBlue), 0);
 
-TEST(ScreenEllipses, PieFillsItsSliceAndDrawsBothRadii)
-{
+    // The pie fills its slice and draws both radii.
     Canvas canvas;
     UseRedPenBlueBrush(canvas);
     EXPECT_TRUE(Pie(canvas, 0, 0, 20, 20, 20, 10, 10, 0));
-    // Radii from the centre to the right and to the top.
     EXPECT_EQ(canvas.Row(10, 10, 19, kRed), "##########");
     EXPECT_EQ(canvas.Column(10, 1, 10, kRed), "##########");
     EXPECT_EQ(canvas.At(14, 6), kBlue);
-    // The other three quarters stay empty.
     EXPECT_EQ(canvas.At(5, 14), kWhite);
     EXPECT_EQ(canvas.At(5, 6), kWhite);
     EXPECT_EQ(canvas.At(14, 14), kWhite);
@@ -166,23 +148,18 @@ TEST(ScreenEllipses, ChordFillsBetweenItsStringAndTheArc)
     EXPECT_EQ(canvas.At(10, 0), kRed);
 }
 
-TEST(ScreenPolygons, PolygonFillsAndOutlines)
+TEST(ScreenPolygons, PolygonFillsAndOutlinesButRefusesFewerThanTwoPoints)
 {
     Canvas canvas;
     UseRedPenBlueBrush(canvas);
+    const POINT one[] = {{2, 2}};
+    EXPECT_FALSE(Polygon(canvas, one, 1));
+    EXPECT_FALSE(Polygon(canvas, nullptr, 4));
+    EXPECT_EQ(canvas.Count(kWhite), canvas.width() * canvas.height());
     const POINT square[] = {{2, 2}, {12, 2}, {12, 12}, {2, 12}};
     EXPECT_TRUE(Polygon(canvas, square, 4));
     EXPECT_EQ(canvas.Row(2, 1, 13, kRed), ".###########.");
     EXPECT_EQ(canvas.Row(7, 1, 13, kBlue), "..#########..");
-}
-
-TEST(ScreenPolygons, PolygonRefusesFewerThanTwoPoints)
-{
-    Canvas canvas;
-    const POINT one[] = {{2, 2}};
-    EXPECT_FALSE(Polygon(canvas, one, 1));
-    EXPECT_FALSE(Polygon(canvas, nullptr, 4));
-    EXPECT_EQ(canvas.Count(kBlack), 0);
 }
 
 TEST(ScreenPolygons, FillModeDecidesTheInsideOfCrossingShapes)
@@ -209,12 +186,18 @@ TEST(ScreenPolygons, FillModeDecidesTheInsideOfCrossingShapes)
     EXPECT_EQ(winding.At(10, 10), kBlue);
 }
 
-TEST(ScreenPolygons, PolyPolygonLeavesTheClipAsItWas)
+TEST(ScreenPolygons, PolyPolygonRefusesBadArgumentsAndLeavesTheClipAsItWas)
 {
     Canvas canvas;
     canvas.UseBrush(CreateSolidBrush(kBlue));
     const POINT points[] = {{0, 0}, {10, 0}, {10, 10}, {0, 10}};
     const INT counts[] = {4};
+    const INT zero[] = {0};
+    EXPECT_FALSE(PolyPolygon(canvas, nullptr, counts, 1));
+    EXPECT_FALSE(PolyPolygon(canvas, points, nullptr, 1));
+    EXPECT_FALSE(PolyPolygon(canvas, points, counts, 0));
+    EXPECT_FALSE(PolyPolygon(canvas, points, zero, 1));
+    EXPECT_EQ(canvas.Count(kWhite), canvas.width() * canvas.height());
     EXPECT_TRUE(PolyPolygon(canvas, points, counts, 1));
     EXPECT_EQ(canvas.At(3, 3), kBlue);
     HRGN clip = CreateRectRgn(0, 0, 0, 0);
@@ -225,14 +208,10 @@ TEST(ScreenPolygons, PolyPolygonLeavesTheClipAsItWas)
     EXPECT_EQ(canvas.At(25, 25), kBlue);
 }
 
-TEST(ScreenPolygons, PolyPolygonRefusesBadArguments)
+TEST(ScreenFloodFill, FloodFillsAreNotProvided)
 {
     Canvas canvas;
-    const POINT points[] = {{0, 0}, {10, 0}, {10, 10}};
-    const INT counts[] = {3};
-    const INT zero[] = {0};
-    EXPECT_FALSE(PolyPolygon(canvas, nullptr, counts, 1));
-    EXPECT_FALSE(PolyPolygon(canvas, points, nullptr, 1));
-    EXPECT_FALSE(PolyPolygon(canvas, points, counts, 0));
-    EXPECT_FALSE(PolyPolygon(canvas, points, zero, 1));
+    EXPECT_FALSE(FloodFill(canvas, 5, 5, kBlack));
+    EXPECT_FALSE(ExtFloodFill(canvas, 5, 5, kWhite, FLOODFILLSURFACE));
+    EXPECT_EQ(canvas.Count(kWhite), canvas.width() * canvas.height());
 }

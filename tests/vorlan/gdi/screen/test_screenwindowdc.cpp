@@ -3,6 +3,7 @@
 // device answers its capabilities.
 #include <gtest/gtest.h>
 
+#include "gdi/dc_test_helpers.h"
 #include "gdi/screen/canvas.h"
 #include "gdi/screen/vorlscreendc.h"
 #include "gtk/vorlgtklock.h"
@@ -70,7 +71,7 @@ TEST(ScreenWindowContext, ShapesLandInTheWindow)
     ReleaseDC(shown.hwnd(), hdc);
 }
 
-TEST(ScreenWindowContext, OutputBoundsMoveAndCutTheContext)
+TEST(ScreenWindowContext, OutputBoundsMoveAndCutTheContextAndOnlyWindowContextsTakeThem)
 {
     ShownWindow shown;
     HDC whole = GetDC(shown.hwnd());
@@ -90,19 +91,13 @@ TEST(ScreenWindowContext, OutputBoundsMoveAndCutTheContext)
     EXPECT_EQ(GetPixel(whole, 29, 25), kWhite);
     EXPECT_EQ(SetPixel(part, 1, 1, kGreen), kGreen);
     EXPECT_EQ(GetPixel(whole, 11, 6), kGreen);
+    // Other contexts and null bounds are refused.
+    Canvas canvas;
+    EXPECT_FALSE(GdiSetDCOutputBounds(nullptr, &bounds));
+    EXPECT_FALSE(GdiSetDCOutputBounds(reinterpret_cast<HDC>(GetStockObject(BLACK_PEN)), &bounds));
+    EXPECT_FALSE(GdiSetDCOutputBounds(canvas, nullptr));
     ReleaseDC(shown.hwnd(), part);
     ReleaseDC(shown.hwnd(), whole);
-}
-
-TEST(ScreenWindowContext, OutputBoundsRefuseOtherContexts)
-{
-    const RECT bounds = {0, 0, 5, 5};
-    EXPECT_FALSE(GdiSetDCOutputBounds(nullptr, &bounds));
-    Canvas canvas;
-    HPEN pen = CreatePen(PS_SOLID, 1, 0);
-    EXPECT_FALSE(GdiSetDCOutputBounds(reinterpret_cast<HDC>(pen), &bounds));
-    EXPECT_FALSE(GdiSetDCOutputBounds(canvas, nullptr));
-    DeleteObject(pen);
 }
 
 TEST(ScreenWindowContext, SubWindowModeSetsTheGCsChildPolicy)
@@ -110,46 +105,47 @@ TEST(ScreenWindowContext, SubWindowModeSetsTheGCsChildPolicy)
     ShownWindow shown;
     HDC hdc = GdiCreateWindowDC(shown.hwnd(), DCX_CLIPCHILDREN, GetGdkWindow(shown.hwnd()), nullptr);
     ASSERT_NE(hdc, nullptr);
-    GdkGCValues values;
-    {
+    auto mode = [hdc] {
         vorlan::GtkCriticalSection lock;
+        GdkGCValues values;
         gdk_gc_get_values(GetGdkGC(hdc), &values);
-    }
-    EXPECT_EQ(values.subwindow_mode, GDK_CLIP_BY_CHILDREN);
+        return values.subwindow_mode;
+    };
+    EXPECT_EQ(mode(), GDK_CLIP_BY_CHILDREN);
     _SetDCSubWindowMode(hdc, FALSE);
-    {
-        vorlan::GtkCriticalSection lock;
-        gdk_gc_get_values(GetGdkGC(hdc), &values);
-    }
-    EXPECT_EQ(values.subwindow_mode, GDK_INCLUDE_INFERIORS);
+    EXPECT_EQ(mode(), GDK_INCLUDE_INFERIORS);
     _SetDCSubWindowMode(hdc, TRUE);
-    {
-        vorlan::GtkCriticalSection lock;
-        gdk_gc_get_values(GetGdkGC(hdc), &values);
-    }
-    EXPECT_EQ(values.subwindow_mode, GDK_CLIP_BY_CHILDREN);
+    EXPECT_EQ(mode(), GDK_CLIP_BY_CHILDREN);
     _SetDCSubWindowMode(nullptr, TRUE); // ignored
     DeleteDC(hdc);
 }
 
-TEST(ScreenDeviceCaps, TrueColourScreenAnswers)
+// A window context and a memory context with a bitmap of the screen's depth
+// answer alike; the default bitmap is one bit deep and has no visual.
+TEST(ScreenDeviceCaps, TrueColourScreenAnswersFromTheDisplay)
 {
     ShownWindow shown;
     HDC window = GetDC(shown.hwnd());
     Canvas memory;
-    for (HDC hdc : {window, memory.hdc()}) {
-        EXPECT_EQ(GetDeviceCaps(hdc, TECHNOLOGY), 1);
-        EXPECT_EQ(GetDeviceCaps(hdc, PLANES), 1);
+    MemoryDC plain;
+    EXPECT_EQ(GetDeviceCaps(plain, NUMCOLORS), -1);
+    for (HDC hdc : {window, memory.hdc(), plain.get()}) {
+        for (int index : {TECHNOLOGY, PLANES, ASPECTX, ASPECTY})
+            EXPECT_EQ(GetDeviceCaps(hdc, index), 1) << index;
         EXPECT_EQ(GetDeviceCaps(hdc, BITSPIXEL), 24);
-        EXPECT_EQ(GetDeviceCaps(hdc, NUMCOLORS), 20);
-        EXPECT_EQ(GetDeviceCaps(hdc, SIZEPALETTE), 256);
-        EXPECT_EQ(GetDeviceCaps(hdc, RASTERCAPS), 0xE99);
         EXPECT_EQ(GetDeviceCaps(hdc, LOGPIXELSX), 96);
         EXPECT_EQ(GetDeviceCaps(hdc, LOGPIXELSY), 96);
         EXPECT_EQ(GetDeviceCaps(hdc, HORZRES), gdk_screen_width());
         EXPECT_EQ(GetDeviceCaps(hdc, VERTRES), gdk_screen_height());
         EXPECT_EQ(GetDeviceCaps(hdc, HORZSIZE), gdk_screen_width_mm());
+        EXPECT_EQ(GetDeviceCaps(hdc, VERTSIZE), gdk_screen_height_mm());
         EXPECT_EQ(GetDeviceCaps(hdc, CURVECAPS), -1);
+        EXPECT_EQ(GetDeviceCaps(hdc, 1234), -1);
+        if (hdc == plain.get())
+            continue;
+        EXPECT_EQ(GetDeviceCaps(hdc, NUMCOLORS), 20);
+        EXPECT_EQ(GetDeviceCaps(hdc, SIZEPALETTE), 256);
+        EXPECT_EQ(GetDeviceCaps(hdc, RASTERCAPS), 0xE99);
     }
     EXPECT_EQ(GetSystemDisplayDepth(), 24);
     ReleaseDC(shown.hwnd(), window);
