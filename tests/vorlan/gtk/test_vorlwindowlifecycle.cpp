@@ -10,41 +10,25 @@
 #include "support/child_process.h"
 #include "support/gtk_helpers.h"
 #include "support/message_recorder.h"
+#include "support/window_checks.h"
 
-#include <gdk/gdkx.h>
-#include <X11/Xutil.h>
 
 #include <cstdlib>
 #include <thread>
 
-using vorlan_test::MessageRecorder;
+using namespace vorlan_test;
 using Seq = std::vector<std::string>;
 
 namespace {
 
 constexpr DWORD kVisibleChild = WS_CHILD | WS_VISIBLE;
 
-XID XidOf(HWND hwnd)
-{
-    vorlan::GtkCriticalSection lock;
-    GdkWindow *window = GetGdkWindow(hwnd);
-    return window != nullptr ? GDK_WINDOW_XID(window) : 0;
-}
-
 bool XWindowExists(XID xid)
 {
     vorlan::GtkCriticalSection lock;
     vorlan::TemporaryXErrorHandler trap;
     XWindowAttributes attributes;
-    return XGetWindowAttributes(vorlan_test::XDisplay(), xid, &attributes) != 0;
-}
-
-XID TransientFor(XID xid)
-{
-    vorlan::GtkCriticalSection lock;
-    ::Window target = 0;
-    XGetTransientForHint(vorlan_test::XDisplay(), xid, &target);
-    return target;
+    return XGetWindowAttributes(XDisplay(), xid, &attributes) != 0;
 }
 
 // The creation messages of interest, without the default procedure's
@@ -72,22 +56,6 @@ TEST(WindowCreation, ChildMessagesComeInOrderAndParentHearsBeforeShow)
     EXPECT_EQ(size[0].lParam, MAKELPARAM(50, 40));
     EXPECT_EQ(recorder.Of(child, WM_MOVE)[0].lParam, MAKELPARAM(5, 6));
     EXPECT_EQ(GetWindowLongPtrW(child, GWLP_ID), 77);
-}
-
-TEST(WindowCreation, TopLevelWindowGetsSizeAndMoveAtFirstShow)
-{
-    MessageRecorder recorder("VorlanLifecycleTopLevel");
-    const HWND hwnd = recorder.Create(WS_POPUP, 30, 40, 120, 80);
-    ASSERT_NE(hwnd, nullptr);
-    EXPECT_EQ(recorder.Sequence({hwnd}, kLifecycle), (Seq{"0:NCCREATE", "0:NCCALCSIZE", "0:CREATE"}));
-    recorder.Clear();
-    ShowWindow(hwnd, SW_SHOWNA);
-    EXPECT_EQ(recorder.Sequence({hwnd}, kLifecycle), (Seq{"0:SIZE", "0:MOVE", "0:SHOWWINDOW"}));
-    EXPECT_EQ(recorder.Of(hwnd, WM_MOVE)[0].lParam, MAKELPARAM(30, 40));
-    recorder.Clear();
-    ShowWindow(hwnd, SW_HIDE);
-    ShowWindow(hwnd, SW_SHOWNA);
-    EXPECT_EQ(recorder.Sequence({hwnd}, kLifecycle), (Seq{"0:SHOWWINDOW", "0:SHOWWINDOW"}));
 }
 
 TEST(WindowCreation, CreateStructCarriesTheArgumentsAsGiven)
@@ -157,19 +125,6 @@ TEST(WindowCreation, RefusalsAndSelfDestructionReturnZero)
     EXPECT_TRUE(recorder.Saw(recorder.messages().front().hwnd, WM_NCDESTROY));
 }
 
-TEST(WindowCreation, PopupWithChildAsParentIsOwnedByTheRootAndTransientForIt)
-{
-    MessageRecorder recorder("VorlanLifecycleOwner");
-    const HWND top = recorder.Create(WS_POPUP | WS_VISIBLE, 0, 0, 100, 100);
-    const HWND child = recorder.Create(kVisibleChild, 0, 0, 50, 50, top);
-    const HWND popup = recorder.Create(WS_POPUP, 0, 0, 30, 30, child);
-    ASSERT_NE(popup, nullptr);
-    EXPECT_EQ(GetAncestor(popup, GA_PARENT), GetDesktopWindow());
-    EXPECT_EQ(GetWindow(popup, GW_OWNER), top);
-    EXPECT_EQ(GetParent(popup), top);
-    EXPECT_EQ(TransientFor(XidOf(popup)), XidOf(top));
-}
-
 TEST(WindowCreation, UseDefaultPositionStopsTheProcess)
 {
     if (std::getenv("VORLAN_TEST_USEDEFAULT") != nullptr) {
@@ -178,14 +133,35 @@ TEST(WindowCreation, UseDefaultPositionStopsTheProcess)
         std::puts("survived");
         return;
     }
-    vorlan_test::ChildOptions options;
+    ChildOptions options;
     options.path = "/proc/self/exe";
     options.argv = {"vorlan_tests", "--gtest_filter=WindowCreation.UseDefaultPositionStopsTheProcess"};
     options.environment["VORLAN_TEST_USEDEFAULT"] = "1";
-    const vorlan_test::ChildResult result = vorlan_test::RunChild(options);
+    const ChildResult result = RunChild(options);
     EXPECT_FALSE(result.exited && result.exitStatus == 0) << result.Transcript();
     EXPECT_EQ(result.out.find("survived"), std::string::npos);
     EXPECT_NE(result.Transcript().find("x != CW_USEDEFAULT"), std::string::npos) << result.Transcript();
+}
+
+TEST(WindowShowing, TopLevelWindowGetsSizeAndMoveAtFirstShowAndChildrenFollowTheirAncestors)
+{
+    MessageRecorder recorder("VorlanShowTopLevel");
+    const HWND hwnd = recorder.Create(WS_POPUP, 30, 40, 120, 80);
+    ASSERT_NE(hwnd, nullptr);
+    EXPECT_EQ(recorder.Sequence({hwnd}, kLifecycle), (Seq{"0:NCCREATE", "0:NCCALCSIZE", "0:CREATE"}));
+    const HWND child = recorder.Create(kVisibleChild, 0, 0, 50, 50, hwnd);
+    EXPECT_EQ(GetWindowLongW(child, GWL_STYLE) & WS_VISIBLE, LONG(WS_VISIBLE));
+    EXPECT_FALSE(IsWindowVisible(child));
+    recorder.Clear();
+    ShowWindow(hwnd, SW_SHOWNA);
+    EXPECT_EQ(recorder.Sequence({hwnd, child}, kLifecycle), (Seq{"0:SIZE", "0:MOVE", "0:SHOWWINDOW"}));
+    EXPECT_EQ(recorder.Of(hwnd, WM_MOVE)[0].lParam, MAKELPARAM(30, 40));
+    EXPECT_TRUE(IsWindowVisible(child));
+    EXPECT_TRUE(PumpUntil([&] { return XWindowViewable(XidOf(child)); }));
+    recorder.Clear();
+    ShowWindow(hwnd, SW_HIDE);
+    ShowWindow(hwnd, SW_SHOWNA);
+    EXPECT_EQ(recorder.Sequence({hwnd, child}, kLifecycle), (Seq{"0:SHOWWINDOW", "0:SHOWWINDOW"}));
 }
 
 TEST(WindowShowing, MinimizeShowsWithoutIconifyingAndReturnsPreviousVisibility)
@@ -201,21 +177,6 @@ TEST(WindowShowing, MinimizeShowsWithoutIconifyingAndReturnsPreviousVisibility)
     SetLastError(0);
     EXPECT_FALSE(ShowWindow(reinterpret_cast<HWND>(static_cast<ULONG_PTR>(0x99)), SW_SHOW));
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-}
-
-TEST(WindowShowing, ChildVisibilityFollowsAncestors)
-{
-    MessageRecorder recorder("VorlanShowAncestors");
-    const HWND top = recorder.Create(WS_POPUP, 0, 0, 100, 100);
-    const HWND child = recorder.Create(kVisibleChild, 0, 0, 50, 50, top);
-    EXPECT_EQ(GetWindowLongW(child, GWL_STYLE) & WS_VISIBLE, LONG(WS_VISIBLE));
-    EXPECT_FALSE(IsWindowVisible(child));
-    ShowWindow(top, SW_SHOWNA);
-    EXPECT_TRUE(IsWindowVisible(child));
-    EXPECT_TRUE(vorlan_test::PumpUntil([&] {
-        vorlan::GtkCriticalSection lock;
-        return gdk_window_is_viewable(GetGdkWindow(child)) != FALSE;
-    }));
 }
 
 TEST(WindowDestruction, OwnedWindowsGoFirstThenDestroyParentFirstAndNcDestroyChildrenFirst)

@@ -7,6 +7,7 @@
 #include "gtk/vorlxwindow.h"
 #include "support/gtk_helpers.h"
 #include "support/message_recorder.h"
+#include "support/window_checks.h"
 
 #include <gdk/gdkx.h>
 #include <X11/Xatom.h>
@@ -17,51 +18,27 @@
 #include <thread>
 #include <vector>
 
-using vorlan_test::MessageRecorder;
+using namespace vorlan_test;
 
 namespace {
 
-XID XidOf(HWND hwnd)
-{
-    vorlan::GtkCriticalSection lock;
-    GdkWindow *window = GetGdkWindow(hwnd);
-    return window != nullptr ? GDK_WINDOW_XID(window) : 0;
-}
-
-XID XParentOf(XID xid)
-{
-    vorlan::GtkCriticalSection lock;
-    ::Window root, parent = 0, *children = nullptr;
-    unsigned count = 0;
-    XQueryTree(vorlan_test::XDisplay(), xid, &root, &parent, &children, &count);
-    if (children != nullptr)
-        XFree(children);
-    return parent;
-}
-
 // The raw items of a property of the window (bytes, or longs widened to
 // the platform's long as Xlib gives them).
-std::vector<unsigned char> XProperty(XID xid, const char *name, Atom *type = nullptr, int *format = nullptr,
-                                     unsigned long *items = nullptr)
+std::vector<unsigned char> XProperty(XID xid, const char *name, unsigned long *items = nullptr)
 {
     vorlan::GtkCriticalSection lock;
-    Display *display = vorlan_test::XDisplay();
-    Atom actualType = None;
-    int actualFormat = 0;
+    Display *display = XDisplay();
+    Atom type = None;
+    int format = 0;
     unsigned long count = 0, after = 0;
     unsigned char *data = nullptr;
-    XGetWindowProperty(display, xid, XInternAtom(display, name, False), 0, 1024, False, AnyPropertyType, &actualType,
-                       &actualFormat, &count, &after, &data);
+    XGetWindowProperty(display, xid, XInternAtom(display, name, False), 0, 1024, False, AnyPropertyType, &type,
+                       &format, &count, &after, &data);
     std::vector<unsigned char> bytes;
     if (data != nullptr) {
-        const size_t unit = actualFormat == 8 ? 1 : actualFormat == 16 ? sizeof(short) : sizeof(long);
-        bytes.assign(data, data + count * unit);
+        bytes.assign(data, data + count * (format == 8 ? 1 : format == 16 ? sizeof(short) : sizeof(long)));
         XFree(data);
     }
-    if (type != nullptr)
-        *type = actualType;
-    if (format != nullptr)
-        *format = actualFormat;
     if (items != nullptr)
         *items = count;
     return bytes;
@@ -70,9 +47,9 @@ std::vector<unsigned char> XProperty(XID xid, const char *name, Atom *type = nul
 bool HasNetWmState(XID xid, const char *state)
 {
     unsigned long items = 0;
-    const std::vector<unsigned char> data = XProperty(xid, "_NET_WM_STATE", nullptr, nullptr, &items);
+    const std::vector<unsigned char> data = XProperty(xid, "_NET_WM_STATE", &items);
     vorlan::GtkCriticalSection lock;
-    const Atom wanted = XInternAtom(vorlan_test::XDisplay(), state, False);
+    const Atom wanted = XInternAtom(XDisplay(), state, False);
     for (unsigned long i = 0; i < items; ++i) {
         long atom = 0;
         std::memcpy(&atom, data.data() + i * sizeof(long), sizeof(long));
@@ -82,18 +59,11 @@ bool HasNetWmState(XID xid, const char *state)
     return false;
 }
 
-RECT WindowRect(HWND hwnd)
-{
-    RECT rect = {};
-    GetWindowRect(hwnd, &rect);
-    return rect;
-}
-
 LPCWSTR W(const char16_t *text) { return reinterpret_cast<LPCWSTR>(text); }
 
 } // namespace
 
-TEST(WindowTreeQueries, ParentOwnerAndAncestorsFollowTheStyle)
+TEST(WindowTreeQueries, ParentOwnerAncestorsAndGetWindowFollowTheTree)
 {
     MessageRecorder recorder("VorlanTreeAncestors");
     const HWND top = recorder.Create(WS_POPUP, 0, 0, 100, 100);
@@ -121,43 +91,34 @@ TEST(WindowTreeQueries, ParentOwnerAndAncestorsFollowTheStyle)
     SetLastError(0);
     EXPECT_EQ(GetAncestor(child, 4), nullptr);
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    EXPECT_EQ(GetAncestor(vorlan_test::FakeHwnd(60002), GA_PARENT), nullptr);
+    EXPECT_EQ(GetAncestor(FakeHwnd(60002), GA_PARENT), nullptr);
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-    EXPECT_EQ(GetParent(vorlan_test::FakeHwnd(60002)), nullptr);
+    EXPECT_EQ(GetParent(FakeHwnd(60002)), nullptr);
 
     EXPECT_TRUE(IsChild(top, grandchild));
     EXPECT_TRUE(IsChild(child, grandchild));
     EXPECT_FALSE(IsChild(grandchild, grandchild));
     EXPECT_FALSE(IsChild(top, owned));
     EXPECT_FALSE(IsChild(grandchild, top));
-    EXPECT_FALSE(IsChild(top, vorlan_test::FakeHwnd(60002)));
-}
+    EXPECT_FALSE(IsChild(top, FakeHwnd(60002)));
 
-TEST(WindowTreeQueries, GetWindowWalksSiblingsOwnerAndChildren)
-{
-    MessageRecorder recorder("VorlanTreeGetWindow");
-    const HWND top = recorder.Create(WS_POPUP, 0, 0, 100, 100);
-    const HWND first = recorder.Create(WS_CHILD, 0, 0, 10, 10, top);
     const HWND second = recorder.Create(WS_CHILD, 0, 0, 10, 10, top);
     const HWND third = recorder.Create(WS_CHILD, 0, 0, 10, 10, top);
-    const HWND owned = recorder.Create(WS_POPUP, 0, 0, 10, 10, top);
-
-    EXPECT_EQ(GetWindow(top, GW_CHILD), first);
-    EXPECT_EQ(GetWindow(first, GW_HWNDNEXT), second);
+    EXPECT_EQ(GetWindow(top, GW_CHILD), child);
+    EXPECT_EQ(GetWindow(child, GW_HWNDNEXT), second);
     EXPECT_EQ(GetWindow(third, GW_HWNDNEXT), nullptr);
     EXPECT_EQ(GetWindow(third, GW_HWNDPREV), second);
-    EXPECT_EQ(GetWindow(first, GW_HWNDPREV), nullptr);
-    EXPECT_EQ(GetWindow(third, GW_HWNDFIRST), first);
+    EXPECT_EQ(GetWindow(child, GW_HWNDPREV), nullptr);
+    EXPECT_EQ(GetWindow(third, GW_HWNDFIRST), child);
     EXPECT_EQ(GetWindow(second, GW_HWNDLAST), nullptr);
     EXPECT_EQ(GetWindow(owned, GW_OWNER), top);
-    EXPECT_EQ(GetWindow(first, GW_OWNER), nullptr);
-    EXPECT_EQ(GetWindow(first, GW_CHILD), nullptr);
+    EXPECT_EQ(GetWindow(child, GW_OWNER), nullptr);
+    EXPECT_EQ(GetWindow(grandchild, GW_CHILD), nullptr);
     SetLastError(0);
-    EXPECT_EQ(GetWindow(first, 6), nullptr);
+    EXPECT_EQ(GetWindow(child, 6), nullptr);
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    EXPECT_EQ(GetWindow(vorlan_test::FakeHwnd(60003), GW_CHILD), nullptr);
+    EXPECT_EQ(GetWindow(FakeHwnd(60003), GW_CHILD), nullptr);
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-
     // Among the desktop's children, next-sibling runs through FindWindowEx.
     EXPECT_EQ(GetWindow(top, GW_HWNDNEXT), FindWindowExA(nullptr, top, nullptr, nullptr));
 }
@@ -186,12 +147,12 @@ TEST(WindowTreeQueries, ThreadUnicodeAndVisibilityQueries)
     EXPECT_EQ(GetWindowThreadProcessId(other, nullptr), threadOfOther);
     pid = 77;
     SetLastError(0);
-    EXPECT_EQ(GetWindowThreadProcessId(vorlan_test::FakeHwnd(60004), &pid), 0xFFFFFFFFu);
+    EXPECT_EQ(GetWindowThreadProcessId(FakeHwnd(60004), &pid), 0xFFFFFFFFu);
     EXPECT_EQ(pid, 77u);
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
 
     EXPECT_TRUE(IsWindowVisible(GetDesktopWindow()));
-    EXPECT_FALSE(IsWindowVisible(vorlan_test::FakeHwnd(60004)));
+    EXPECT_FALSE(IsWindowVisible(FakeHwnd(60004)));
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
     EXPECT_TRUE(MessageBeep(MB_OK));
     EXPECT_FALSE(AnimateWindow(w, 200, AW_BLEND));
@@ -210,7 +171,7 @@ TEST(WindowReparenting, ChildKeepsItsPlaceInTheClientAreaAndMovesInX)
     EXPECT_EQ(GetWindow(right, GW_CHILD), other);
     EXPECT_EQ(GetWindow(other, GW_HWNDNEXT), child);
     EXPECT_EQ(GetWindow(left, GW_CHILD), nullptr);
-    const RECT moved = WindowRect(child);
+    const RECT moved = WindowRectOf(child);
     EXPECT_EQ(moved.left, 410);
     EXPECT_EQ(moved.top, 170);
     EXPECT_EQ(XParentOf(XidOf(child)), XidOf(right));
@@ -226,7 +187,7 @@ TEST(WindowReparenting, ChildKeepsItsPlaceInTheClientAreaAndMovesInX)
     EXPECT_EQ(SetParent(child, child), nullptr);
     EXPECT_EQ(GetParent(child), right);
 
-    EXPECT_EQ(SetParent(child, vorlan_test::FakeHwnd(60005)), nullptr);
+    EXPECT_EQ(SetParent(child, FakeHwnd(60005)), nullptr);
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
     EXPECT_EQ(SetParent(GetDesktopWindow(), right), nullptr);
 
@@ -234,11 +195,11 @@ TEST(WindowReparenting, ChildKeepsItsPlaceInTheClientAreaAndMovesInX)
     // origin, which is now the screen's.
     EXPECT_EQ(SetParent(child, nullptr), right);
     EXPECT_EQ(GetAncestor(child, GA_PARENT), GetDesktopWindow());
-    const RECT onDesktop = WindowRect(child);
+    const RECT onDesktop = WindowRectOf(child);
     EXPECT_EQ(onDesktop.left, 10);
     EXPECT_EQ(onDesktop.top, 20);
     vorlan::GtkCriticalSection lock;
-    EXPECT_EQ(XParentOf(XidOf(child)), DefaultRootWindow(vorlan_test::XDisplay()));
+    EXPECT_EQ(XParentOf(XidOf(child)), DefaultRootWindow(XDisplay()));
 }
 
 TEST(WindowText, WideAndAnsiTextRoundTripWithTruncationAndLengths)
@@ -275,6 +236,18 @@ TEST(WindowText, WideAndAnsiTextRoundTripWithTruncationAndLengths)
     EXPECT_EQ(GetWindowTextW(hwnd, wide, 16), 0);
     EXPECT_EQ(wide[0], u'x');
     EXPECT_EQ(GetWindowTextLengthW(hwnd), 0);
+
+    // An ANSI window keeps its text in the ANSI code page.
+    MessageRecorder ansi("VorlanTextAnsi", false);
+    const HWND narrowWindow = ansi.Create(WS_POPUP, 0, 0, 10, 10);
+    EXPECT_TRUE(SetWindowTextA(narrowWindow, "abc"));
+    EXPECT_EQ(GetWindowTextLengthA(narrowWindow), 3);
+    EXPECT_EQ(GetWindowTextLengthW(narrowWindow), 3);
+    EXPECT_EQ(GetWindowTextW(narrowWindow, wide, 8), 3);
+    EXPECT_EQ(wide[2], u'c');
+    EXPECT_EQ(wide[3], 0);
+    EXPECT_EQ(GetWindowTextA(narrowWindow, narrow, 3), 2);
+    EXPECT_STREQ(narrow, "ab");
 }
 
 TEST(WindowText, TitleReachesXAndAProcedureMayRefuseText)
@@ -282,8 +255,7 @@ TEST(WindowText, TitleReachesXAndAProcedureMayRefuseText)
     MessageRecorder recorder("VorlanTextTitle");
     const HWND hwnd = recorder.Create(WS_OVERLAPPEDWINDOW, 0, 0, 100, 100);
     EXPECT_TRUE(SetWindowTextW(hwnd, W(u"Überschrift")));
-    Atom type = None;
-    const std::vector<unsigned char> name = XProperty(XidOf(hwnd), "_NET_WM_NAME", &type);
+    const std::vector<unsigned char> name = XProperty(XidOf(hwnd), "_NET_WM_NAME");
     EXPECT_EQ(std::string(name.begin(), name.end()), "Überschrift");
 
     recorder.Answer(WM_SETTEXT, [](HWND, WPARAM, LPARAM) { return LRESULT(0); });
@@ -292,8 +264,8 @@ TEST(WindowText, TitleReachesXAndAProcedureMayRefuseText)
     EXPECT_EQ(GetWindowTextW(hwnd, text, 32), 11);
 
     SetLastError(0);
-    EXPECT_FALSE(SetWindowTextW(vorlan_test::FakeHwnd(60006), W(u"x")));
-    EXPECT_EQ(GetWindowTextW(vorlan_test::FakeHwnd(60006), text, 32), 0);
+    EXPECT_FALSE(SetWindowTextW(FakeHwnd(60006), W(u"x")));
+    EXPECT_EQ(GetWindowTextW(FakeHwnd(60006), text, 32), 0);
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
 }
 
@@ -321,59 +293,42 @@ TEST(WindowManagerHints, DecorationsAndTaskbarFollowStyles)
 
     for (HWND hwnd : {framed, tool, app})
         ShowWindow(hwnd, SW_SHOWNA);
-    EXPECT_TRUE(vorlan_test::PumpUntil([&] { return HasNetWmState(XidOf(tool), "_NET_WM_STATE_SKIP_TASKBAR"); }));
+    EXPECT_TRUE(PumpUntil([&] { return HasNetWmState(XidOf(tool), "_NET_WM_STATE_SKIP_TASKBAR"); }));
     EXPECT_TRUE(HasNetWmState(XidOf(tool), "_NET_WM_STATE_SKIP_PAGER"));
     EXPECT_FALSE(HasNetWmState(XidOf(framed), "_NET_WM_STATE_SKIP_TASKBAR"));
     EXPECT_FALSE(HasNetWmState(XidOf(app), "_NET_WM_STATE_SKIP_TASKBAR"));
 }
 
-TEST(WindowText, AnsiWindowKeepsItsTextInTheAnsiCodePage)
-{
-    MessageRecorder recorder("VorlanTextAnsi", false);
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 10, 10);
-    EXPECT_TRUE(SetWindowTextA(hwnd, "abc"));
-    EXPECT_EQ(GetWindowTextLengthA(hwnd), 3);
-    EXPECT_EQ(GetWindowTextLengthW(hwnd), 3);
-    WCHAR wide[8] = {};
-    EXPECT_EQ(GetWindowTextW(hwnd, wide, 8), 3);
-    EXPECT_EQ(wide[2], u'c');
-    EXPECT_EQ(wide[3], 0);
-    char narrow[8] = {};
-    EXPECT_EQ(GetWindowTextA(hwnd, narrow, 3), 2);
-    EXPECT_STREQ(narrow, "ab");
-}
-
-TEST(WindowOwnership, OwnerChangesReachTheTransientHint)
+TEST(WindowOwnership, OwnerAtCreationAndLaterChangesReachTheTransientHint)
 {
     MessageRecorder recorder("VorlanOwnership");
     const HWND first = recorder.Create(WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100);
     const HWND second = recorder.Create(WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100);
-    const HWND popup = recorder.Create(WS_POPUP, 0, 0, 30, 30, first);
-    auto transientFor = [](HWND hwnd) {
-        vorlan::GtkCriticalSection lock;
-        ::Window target = 0;
-        XGetTransientForHint(vorlan_test::XDisplay(), XidOf(hwnd), &target);
-        return XID(target);
-    };
-    EXPECT_EQ(transientFor(popup), XidOf(first));
+    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, first);
+    // A popup given a child as its parent is owned by the child's root.
+    const HWND popup = recorder.Create(WS_POPUP, 0, 0, 30, 30, child);
+    ASSERT_NE(popup, nullptr);
+    EXPECT_EQ(GetAncestor(popup, GA_PARENT), GetDesktopWindow());
+    EXPECT_EQ(GetWindow(popup, GW_OWNER), first);
+    EXPECT_EQ(GetParent(popup), first);
+    EXPECT_EQ(TransientFor(XidOf(popup)), XidOf(first));
 
     EXPECT_EQ(SetWindowLongPtrW(popup, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(second)),
               reinterpret_cast<LONG_PTR>(first));
     EXPECT_EQ(GetWindow(popup, GW_OWNER), second);
-    EXPECT_EQ(transientFor(popup), XidOf(second));
+    EXPECT_EQ(TransientFor(XidOf(popup)), XidOf(second));
 
     // An owner the user cannot see hands on the window it is transient for.
     const HWND hiddenOwner = recorder.Create(WS_POPUP, 0, 0, 30, 30, second);
     SetWindowLongPtrW(popup, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(hiddenOwner));
     EXPECT_EQ(GetWindow(popup, GW_OWNER), hiddenOwner);
-    EXPECT_EQ(transientFor(popup), XidOf(second));
+    EXPECT_EQ(TransientFor(XidOf(popup)), XidOf(second));
 
-    // An owner of a child window is its root.
-    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, first);
+    // The same rule as at creation: an owner of a child window is its root.
     SetWindowLongPtrW(popup, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(child));
     EXPECT_EQ(GetWindow(popup, GW_OWNER), first);
 
     SetWindowLongPtrW(popup, GWLP_HWNDPARENT, 0);
     EXPECT_EQ(GetWindow(popup, GW_OWNER), nullptr);
-    EXPECT_EQ(transientFor(popup), XID(0));
+    EXPECT_EQ(TransientFor(XidOf(popup)), XID(0));
 }

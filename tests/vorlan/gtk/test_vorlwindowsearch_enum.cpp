@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"
-#include "support/window_objects.h"
+#include "support/gtk_helpers.h"
+#include "support/window_checks.h"
 
 #include <algorithm>
 #include <functional>
@@ -17,11 +18,7 @@ namespace {
 
 WindowOptions Under(HWND parent, DWORD style = WS_CHILD)
 {
-    WindowOptions options;
-    options.parent = parent;
-    options.style = style;
-    options.withXWindow = false;
-    return options;
+    return ObjectSpec(parent, style);
 }
 
 struct Visits {
@@ -55,22 +52,18 @@ struct SmallTree {
 
 } // namespace
 
-TEST(WindowEnumeration, ChildWindowsDepthFirstWithoutTheLock)
+TEST(WindowEnumeration, ChildWindowsDepthFirstWithoutTheLockAndAZeroAnswerEndsEveryLevel)
 {
     SmallTree tree;
     Visits visits;
     EXPECT_TRUE(EnumChildWindows(tree.parent.hwnd(), Record, Arg(visits)));
     EXPECT_EQ(visits.seen, (std::vector<HWND>{tree.a.hwnd(), tree.a1.hwnd(), tree.a2.hwnd(), tree.b.hwnd()}));
     EXPECT_FALSE(visits.lockHeld);
-}
 
-TEST(WindowEnumeration, ZeroAnswerEndsEveryLevel)
-{
-    SmallTree tree;
-    Visits visits;
-    visits.stopAt = tree.a1.hwnd();
-    EXPECT_FALSE(EnumChildWindows(tree.parent.hwnd(), Record, Arg(visits)));
-    EXPECT_EQ(visits.seen, (std::vector<HWND>{tree.a.hwnd(), tree.a1.hwnd()}));
+    Visits stopped;
+    stopped.stopAt = tree.a1.hwnd();
+    EXPECT_FALSE(EnumChildWindows(tree.parent.hwnd(), Record, Arg(stopped)));
+    EXPECT_EQ(stopped.seen, (std::vector<HWND>{tree.a.hwnd(), tree.a1.hwnd()}));
 }
 
 TEST(WindowEnumeration, WindowDestroyedByTheCallbackIsSkipped)
@@ -136,7 +129,7 @@ TEST(WindowEnumeration, NullProcedureAndBadParent)
     }
     Visits visits;
     SetLastError(0);
-    EXPECT_FALSE(EnumChildWindows(reinterpret_cast<HWND>(0x4D726577 + 65000), Record, Arg(visits)));
+    EXPECT_FALSE(EnumChildWindows(FakeHwnd(65000), Record, Arg(visits)));
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
     EXPECT_TRUE(visits.seen.empty());
 }

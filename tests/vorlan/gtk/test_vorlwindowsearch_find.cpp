@@ -5,7 +5,8 @@
 #include "gtk/vorlglobals.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlwindowtree.h"
-#include "support/window_objects.h"
+#include "support/gtk_helpers.h"
+#include "support/window_checks.h"
 #include "vorlwindowclass.h"
 
 #include <cstring>
@@ -53,11 +54,7 @@ ATOM TitledClass()
 
 WindowOptions Under(HWND parent, DWORD style = WS_CHILD)
 {
-    WindowOptions options;
-    options.parent = parent;
-    options.style = style;
-    options.withXWindow = false;
-    return options;
+    return ObjectSpec(parent, style);
 }
 
 // A window of the registered class, with its procedure and a title.
@@ -74,10 +71,10 @@ std::unique_ptr<TestWindow> Titled(HWND parent, const std::u16string &title, DWO
 
 } // namespace
 
-TEST(WindowFinding, NoClassNoTitleGivesTheFirstWindow)
+TEST(WindowFinding, NoClassNoTitleGivesTheFirstWindowAndAfterAWindowOfAnotherParentFails)
 {
-    TestWindow parent(Under(nullptr, WS_POPUP));
-    TestWindow a(Under(parent.hwnd())), b(Under(parent.hwnd()));
+    TestWindow parent(Under(nullptr, WS_POPUP)), second(Under(nullptr, WS_POPUP));
+    TestWindow a(Under(parent.hwnd())), b(Under(parent.hwnd())), stranger(Under(second.hwnd()));
     EXPECT_EQ(FindWindowExA(parent.hwnd(), nullptr, nullptr, nullptr), a.hwnd());
     EXPECT_EQ(FindWindowExW(parent.hwnd(), a.hwnd(), nullptr, nullptr), b.hwnd());
     EXPECT_EQ(FindWindowExW(parent.hwnd(), b.hwnd(), nullptr, nullptr), nullptr);
@@ -87,17 +84,12 @@ TEST(WindowFinding, NoClassNoTitleGivesTheFirstWindow)
     }
     EXPECT_EQ(FindWindowW(nullptr, nullptr), parent.hwnd());
     EXPECT_EQ(FindWindowA(nullptr, nullptr), parent.hwnd());
-}
 
-TEST(WindowFinding, AfterAWindowOfAnotherParentFails)
-{
-    TestWindow first(Under(nullptr, WS_POPUP)), second(Under(nullptr, WS_POPUP));
-    TestWindow child(Under(first.hwnd())), stranger(Under(second.hwnd()));
     SetLastError(0);
-    EXPECT_EQ(FindWindowExW(first.hwnd(), stranger.hwnd(), nullptr, nullptr), nullptr);
+    EXPECT_EQ(FindWindowExW(parent.hwnd(), stranger.hwnd(), nullptr, nullptr), nullptr);
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
     SetLastError(0);
-    EXPECT_EQ(FindWindowExA(reinterpret_cast<HWND>(0x4D726577 + 65000), nullptr, nullptr, nullptr), nullptr);
+    EXPECT_EQ(FindWindowExA(FakeHwnd(65000), nullptr, nullptr, nullptr), nullptr);
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
 }
 
