@@ -204,11 +204,8 @@ TEST(PaintCycle, BeginPaintErasesWhenOwedAndReportsThePaintRectangle)
     EXPECT_EQ(recorder.Sequence({hwnd}, kPaintMessages), (Seq{"0:PAINT"}));
 
     PAINTSTRUCT ps;
-    SetLastError(0);
-    EXPECT_EQ(BeginPaint(hwnd, nullptr), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    EXPECT_EQ(BeginPaint(FakeHwnd(60010), &ps), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(87, nullptr, [&] { return BeginPaint(hwnd, nullptr); }));
+    EXPECT_TRUE(FailsWith(1400, nullptr, [&] { return BeginPaint(FakeHwnd(60010), &ps); }));
     EXPECT_FALSE(EndPaint(hwnd, nullptr));
 }
 
@@ -224,16 +221,13 @@ TEST(PaintCycle, UpdateQueriesSendTheOwedFrameAndErase)
     EXPECT_TRUE(GetUpdateRect(hwnd, &rect, TRUE));
     EXPECT_TRUE(recorder.Sequence({hwnd}, kPaintMessages).empty());
 
-    SetLastError(0);
-    EXPECT_EQ(GetUpdateRgn(hwnd, nullptr, FALSE), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    const HWND bad = FakeHwnd(60011);
+    EXPECT_TRUE(FailsWith(87, 0, [&] { return GetUpdateRgn(hwnd, nullptr, FALSE); }));
     HRGN region = CreateRectRgn(0, 0, 1, 1);
-    EXPECT_EQ(GetUpdateRgn(FakeHwnd(60011), region, FALSE), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-    EXPECT_FALSE(GetUpdateRect(FakeHwnd(60011), &rect, FALSE));
-    EXPECT_FALSE(RedrawWindow(FakeHwnd(60011), nullptr, nullptr, RDW_INVALIDATE));
-    EXPECT_FALSE(InvalidateRect(FakeHwnd(60011), nullptr, TRUE));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(1400, 0, [&] { return GetUpdateRgn(bad, region, FALSE); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return GetUpdateRect(bad, &rect, FALSE); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return RedrawWindow(bad, nullptr, nullptr, RDW_INVALIDATE); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return InvalidateRect(bad, nullptr, TRUE); }));
     DeleteObject(region);
 }
 
@@ -268,13 +262,10 @@ TEST(WindowDC, ZeroHandleGivesADesktopDcAndDeadWindowsNone)
     EXPECT_NE(whole, nullptr);
     ReleaseDC(nullptr, whole);
 
-    SetLastError(0);
-    EXPECT_EQ(GetDC(FakeHwnd(60012)), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(1400, nullptr, [] { return GetDC(FakeHwnd(60012)); }));
     EXPECT_EQ(ReleaseDC(FakeHwnd(60012), nullptr), 0);
     EXPECT_TRUE(LockWindowUpdate(nullptr));
-    EXPECT_FALSE(LockWindowUpdate(FakeHwnd(60012)));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [] { return LockWindowUpdate(FakeHwnd(60012)); }));
 }
 
 TEST(ExposeFromX, UncoveredPartOfAWindowIsRepainted)

@@ -12,7 +12,6 @@
 #include "support/message_recorder.h"
 #include "support/window_checks.h"
 
-
 #include <cstdlib>
 #include <thread>
 
@@ -71,10 +70,7 @@ TEST(WindowCreation, CreateStructCarriesTheArgumentsAsGiven)
                                       WS_POPUP, 1, 2, 3, 4, nullptr, nullptr, nullptr, &cookie);
     ASSERT_NE(hwnd, nullptr);
     EXPECT_EQ(seen.lpCreateParams, &cookie);
-    EXPECT_EQ(seen.x, 1);
-    EXPECT_EQ(seen.y, 2);
-    EXPECT_EQ(seen.cx, 3);
-    EXPECT_EQ(seen.cy, 4);
+    EXPECT_TRUE(seen.x == 1 && seen.y == 2 && seen.cx == 3 && seen.cy == 4);
     EXPECT_EQ(seen.dwExStyle, DWORD(WS_EX_TOOLWINDOW));
     EXPECT_EQ(seen.lpszClass, recorder.wideClassName());
     EXPECT_EQ(DestroyWindow(hwnd), TRUE);
@@ -82,20 +78,17 @@ TEST(WindowCreation, CreateStructCarriesTheArgumentsAsGiven)
 
 TEST(WindowCreation, BadArgumentsFailWithTheirErrors)
 {
-    SetLastError(0);
-    EXPECT_EQ(CreateWindowExW(0, reinterpret_cast<LPCWSTR>(u"NoOneRegisteredThis"), nullptr, WS_POPUP, 0, 0, 10,
-                              10, nullptr, nullptr, nullptr, nullptr),
-              nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_CANNOT_FIND_WND_CLASS));
-    EXPECT_EQ(CreateWindowExA(0, nullptr, nullptr, WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr),
-              nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    EXPECT_TRUE(FailsWith(ERROR_CANNOT_FIND_WND_CLASS, nullptr, [] {
+        return CreateWindowExW(0, reinterpret_cast<LPCWSTR>(u"NoOneRegisteredThis"), nullptr, WS_POPUP, 0, 0, 10,
+                               10, nullptr, nullptr, nullptr, nullptr);
+    }));
+    EXPECT_TRUE(FailsWith(87, nullptr, [] {
+        return CreateWindowExA(0, nullptr, nullptr, WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+    }));
+    // A child needs a parent that exists.
     MessageRecorder recorder("VorlanLifecycleBadParent");
-    const HWND stale = reinterpret_cast<HWND>(static_cast<ULONG_PTR>(0x4D726577 + 60000));
-    EXPECT_EQ(recorder.Create(WS_CHILD, 0, 0, 10, 10, stale), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-    EXPECT_EQ(recorder.Create(WS_CHILD, 0, 0, 10, 10, nullptr), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(1400, nullptr, [&] { return recorder.Create(WS_CHILD, 0, 0, 10, 10, FakeHwnd(60000)); }));
+    EXPECT_TRUE(FailsWith(1400, nullptr, [&] { return recorder.Create(WS_CHILD, 0, 0, 10, 10, nullptr); }));
     EXPECT_TRUE(recorder.messages().empty());
 }
 
@@ -174,12 +167,10 @@ TEST(WindowShowing, MinimizeShowsWithoutIconifyingAndReturnsPreviousVisibility)
     EXPECT_TRUE(ShowWindow(hwnd, SW_HIDE));
     EXPECT_FALSE(IsWindowVisible(hwnd));
     EXPECT_FALSE(ShowWindow(GetDesktopWindow(), SW_HIDE));
-    SetLastError(0);
-    EXPECT_FALSE(ShowWindow(reinterpret_cast<HWND>(static_cast<ULONG_PTR>(0x99)), SW_SHOW));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [] { return ShowWindow(reinterpret_cast<HWND>(ULONG_PTR(0x99)), SW_SHOW); }));
 }
 
-TEST(WindowDestruction, OwnedWindowsGoFirstThenDestroyParentFirstAndNcDestroyChildrenFirst)
+TEST(WindowDestruction, OwnedWindowsGoFirstThenDestroyParentFirstNcDestroyChildrenFirstAndTheParentIsTold)
 {
     MessageRecorder recorder("VorlanDestroyOrder");
     const HWND top = recorder.Create(WS_POPUP | WS_VISIBLE, 0, 0, 100, 100);
@@ -197,29 +188,25 @@ TEST(WindowDestruction, OwnedWindowsGoFirstThenDestroyParentFirstAndNcDestroyChi
         EXPECT_FALSE(IsWindow(hwnd));
     EXPECT_FALSE(XWindowExists(topXid));
     EXPECT_FALSE(XWindowExists(childXid));
-}
 
-TEST(WindowDestruction, ChildTellsItsParentAndLeavesTheSiblingList)
-{
-    MessageRecorder recorder("VorlanDestroyChild");
-    const HWND top = recorder.Create(WS_POPUP, 0, 0, 100, 100);
-    const HWND first = recorder.Create(WS_CHILD, 0, 0, 10, 10, top, 0, 5);
-    const HWND second = recorder.Create(WS_CHILD, 0, 0, 10, 10, top, WS_EX_NOPARENTNOTIFY, 6);
+    // A child tells its parent, unless WS_EX_NOPARENTNOTIFY, and leaves the
+    // sibling list.
+    const HWND parent = recorder.Create(WS_POPUP, 0, 0, 100, 100);
+    const HWND first = recorder.Create(WS_CHILD, 0, 0, 10, 10, parent, 0, 5);
+    const HWND second = recorder.Create(WS_CHILD, 0, 0, 10, 10, parent, WS_EX_NOPARENTNOTIFY, 6);
     recorder.Clear();
     EXPECT_TRUE(DestroyWindow(first));
     EXPECT_TRUE(DestroyWindow(second));
-    const auto notices = recorder.Of(top, WM_PARENTNOTIFY);
+    const auto notices = recorder.Of(parent, WM_PARENTNOTIFY);
     ASSERT_EQ(notices.size(), 1u);
     EXPECT_EQ(notices[0].wParam, MAKEWPARAM(WM_DESTROY, 5));
-    EXPECT_EQ(GetWindow(top, GW_CHILD), nullptr);
+    EXPECT_EQ(GetWindow(parent, GW_CHILD), nullptr);
 }
 
 TEST(WindowDestruction, RefusesDesktopOtherThreadsAndBadHandles)
 {
-    EXPECT_FALSE(DestroyWindow(GetDesktopWindow()));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_ACCESS_DENIED));
-    EXPECT_FALSE(DestroyWindow(nullptr));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(ERROR_ACCESS_DENIED, FALSE, [] { return DestroyWindow(GetDesktopWindow()); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [] { return DestroyWindow(nullptr); }));
     MessageRecorder recorder("VorlanDestroyOtherThread");
     const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 10, 10);
     BOOL result = TRUE;
@@ -231,13 +218,4 @@ TEST(WindowDestruction, RefusesDesktopOtherThreadsAndBadHandles)
     EXPECT_FALSE(result);
     EXPECT_EQ(error, DWORD(ERROR_ACCESS_DENIED));
     EXPECT_TRUE(IsWindow(hwnd));
-}
-
-TEST(WindowDestruction, CloseMessageDestroysThroughTheDefaultProcedure)
-{
-    MessageRecorder recorder("VorlanDestroyClose");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 10, 10);
-    SendMessageW(hwnd, WM_CLOSE, 0, 0);
-    EXPECT_FALSE(IsWindow(hwnd));
-    EXPECT_TRUE(recorder.Saw(hwnd, WM_NCDESTROY));
 }

@@ -195,22 +195,17 @@ TEST(WindowPositioning, MovingAParentCarriesItsChildrenAlong)
 
 TEST(WindowPositioning, DesktopAndDeadWindowsAreRefused)
 {
-    SetLastError(0);
-    EXPECT_FALSE(SetWindowPos(GetDesktopWindow(), nullptr, 0, 0, 10, 10, SWP_NOZORDER));
-    EXPECT_EQ(GetLastError(), 0u);
+    const HWND desktop = GetDesktopWindow();
+    EXPECT_TRUE(FailsWith(0, FALSE, [&] { return SetWindowPos(desktop, nullptr, 0, 0, 10, 10, SWP_NOZORDER); }));
     const HWND bad = FakeHwnd(60001);
-    EXPECT_FALSE(SetWindowPos(bad, nullptr, 0, 0, 10, 10, 0));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
     RECT rect;
     POINT point = {};
-    SetLastError(0);
-    EXPECT_FALSE(GetWindowRect(bad, &rect));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-    EXPECT_FALSE(GetClientRect(bad, &rect));
-    EXPECT_FALSE(ClientToScreen(bad, &point));
-    EXPECT_FALSE(ScreenToClient(bad, &point));
-    EXPECT_EQ(MapWindowPoints(bad, nullptr, &point, 1), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return SetWindowPos(bad, nullptr, 0, 0, 10, 10, 0); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return GetWindowRect(bad, &rect); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return GetClientRect(bad, &rect); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return ClientToScreen(bad, &point); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return ScreenToClient(bad, &point); }));
+    EXPECT_TRUE(FailsWith(1400, 0, [&] { return MapWindowPoints(bad, nullptr, &point, 1); }));
     EXPECT_FALSE(GetWindowPlacement(bad, nullptr));
     EXPECT_FALSE(MoveWindow(bad, 0, 0, 1, 1, TRUE));
     EXPECT_FALSE(BringWindowToTop(bad));
@@ -244,9 +239,7 @@ TEST(WindowPositioning, MapWindowPointsPacksTheOffsetAndPlacementReportsTheShowS
     EXPECT_EQ(placement.ptMinPosition.x, 1234);
     EXPECT_TRUE(IsZoomed(maximized));
     EXPECT_FALSE(IsIconic(maximized));
-    SetLastError(0);
-    EXPECT_FALSE(GetWindowPlacement(maximized, nullptr));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    EXPECT_TRUE(FailsWith(87, FALSE, [&] { return GetWindowPlacement(maximized, nullptr); }));
 }
 
 TEST(WindowPositioning, HiddenTopLevelWindowGetsItsXGeometryWhenShown)

@@ -119,17 +119,10 @@ TEST(WindowEnumeration, TopLevelWindowsByThread)
 TEST(WindowEnumeration, NullProcedureAndBadParent)
 {
     TestWindow parent(Under(nullptr, WS_POPUP));
-    for (const std::function<BOOL()> &call : std::vector<std::function<BOOL()>>{
-             [] { return EnumWindows(nullptr, 0); },
-             [] { return EnumThreadWindows(GetCurrentThreadId(), nullptr, 0); },
-             [&] { return EnumChildWindows(parent.hwnd(), nullptr, 0); }}) {
-        SetLastError(0);
-        EXPECT_FALSE(call());
-        EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    }
+    EXPECT_TRUE(FailsWith(87, FALSE, [] { return EnumWindows(nullptr, 0); }));
+    EXPECT_TRUE(FailsWith(87, FALSE, [] { return EnumThreadWindows(GetCurrentThreadId(), nullptr, 0); }));
+    EXPECT_TRUE(FailsWith(87, FALSE, [&] { return EnumChildWindows(parent.hwnd(), nullptr, 0); }));
     Visits visits;
-    SetLastError(0);
-    EXPECT_FALSE(EnumChildWindows(FakeHwnd(65000), Record, Arg(visits)));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return EnumChildWindows(FakeHwnd(65000), Record, Arg(visits)); }));
     EXPECT_TRUE(visits.seen.empty());
 }

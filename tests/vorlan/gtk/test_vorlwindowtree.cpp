@@ -83,21 +83,11 @@ TEST(WindowTree, ChildListOfTheDesktopOrOfOneThread)
 TEST(WindowTree, BadHandlesGive1400)
 {
     TestWindow window(ObjectSpec(nullptr, WS_CHILD));
-    const HWND bad = FakeHwnd(65000);
+    const HWND bad = FakeHwnd(65000), good = window.hwnd();
     vorlan::GtkCriticalSection lock;
-    SetLastError(0);
-    EXPECT_FALSE(LinkWindow(bad, window.hwnd()));
-    EXPECT_EQ(GetLastError(), 1400u);
-    SetLastError(0);
-    EXPECT_FALSE(LinkWindowEx(window.hwnd(), bad, LINK_FIRST_CHILD));
-    EXPECT_EQ(GetLastError(), 1400u);
-    SetLastError(0);
-    EXPECT_FALSE(UnlinkWindow(bad));
-    EXPECT_EQ(GetLastError(), 1400u);
-    SetLastError(0);
-    EXPECT_EQ(GetWindowChildList(bad), nullptr);
-    EXPECT_EQ(GetLastError(), 1400u);
-    SetLastError(0);
-    EXPECT_FALSE(FreeWindowList(nullptr));
-    EXPECT_EQ(GetLastError(), 87u);
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return LinkWindow(bad, good); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return LinkWindowEx(good, bad, LINK_FIRST_CHILD); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return UnlinkWindow(bad); }));
+    EXPECT_TRUE(FailsWith(1400, nullptr, [&] { return GetWindowChildList(bad); }));
+    EXPECT_TRUE(FailsWith(87, FALSE, [] { return FreeWindowList(nullptr); }));
 }

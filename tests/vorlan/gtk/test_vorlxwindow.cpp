@@ -9,7 +9,6 @@
 #include "support/gtk_helpers.h"
 #include "support/window_checks.h"
 
-#include <X11/Xatom.h>
 #include <X11/Xutil.h>
 #include <gdk/gdkx.h>
 
@@ -63,30 +62,6 @@ void Show(HWND hWnd)
     vorlan::GtkCriticalSection lock;
     gdk_window_show(vorlan::getWindow(hWnd)->window);
     gdk_flush();
-}
-
-// The property's 8-bit data as a string, with its type's name.
-std::string ReadProperty(XID window, const char *name, std::string *typeName)
-{
-    vorlan::GtkCriticalSection lock;
-    Display *display = XDisplay();
-    Atom type = None;
-    int format = 0;
-    unsigned long count = 0, after = 0;
-    unsigned char *data = nullptr;
-    XGetWindowProperty(display, window, XInternAtom(display, name, False), 0, 1024, False, AnyPropertyType, &type,
-                       &format, &count, &after, &data);
-    std::string value;
-    if (data != nullptr) {
-        value.assign(reinterpret_cast<char *>(data), count);
-        XFree(data);
-    }
-    if (typeName != nullptr && type != None) {
-        char *text = XGetAtomName(display, type);
-        *typeName = text;
-        XFree(text);
-    }
-    return value;
 }
 
 } // namespace
@@ -195,7 +170,7 @@ TEST(XWindow, ClassNameAndControlIdUnderQtsSupport)
         vorlan::GtkCriticalSection lock;
         EXPECT_TRUE(SetXWindowInfo(child.hwnd()));
     }
-    EXPECT_EQ(ReadProperty(child.xid(), "classname", nullptr), "");
+    EXPECT_EQ(XPropertyData(child.xid(), "classname"), "");
     setenv("QTS_SUPPORT", "1", 1);
     {
         vorlan::GtkCriticalSection lock;
@@ -203,9 +178,9 @@ TEST(XWindow, ClassNameAndControlIdUnderQtsSupport)
     }
     unsetenv("QTS_SUPPORT");
     std::string type;
-    EXPECT_EQ(ReadProperty(child.xid(), "classname", &type), "VorlanTestWindow");
+    EXPECT_EQ(XPropertyData(child.xid(), "classname", nullptr, &type), "VorlanTestWindow");
     EXPECT_EQ(type, "QTSSupportType");
-    const std::string id = ReadProperty(child.xid(), "controlid", &type);
+    const std::string id = XPropertyData(child.xid(), "controlid", nullptr, &type);
     ASSERT_EQ(id.size(), 4u);
     LONG value = 0;
     std::memcpy(&value, id.data(), 4);

@@ -59,6 +59,31 @@ bool XWindowViewable(XID xid)
     return XGetWindowAttributes(XDisplay(), xid, &attributes) && attributes.map_state == IsViewable;
 }
 
+std::string XPropertyData(XID xid, const char *name, unsigned long *items, std::string *typeName)
+{
+    vorlan::GtkCriticalSection lock;
+    Atom type = None;
+    int format = 0;
+    unsigned long count = 0, after = 0;
+    unsigned char *data = nullptr;
+    XGetWindowProperty(XDisplay(), xid, XInternAtom(XDisplay(), name, False), 0, 1024, False, AnyPropertyType, &type,
+                       &format, &count, &after, &data);
+    std::string bytes;
+    if (data != nullptr) {
+        bytes.assign(reinterpret_cast<char *>(data),
+                     count * (format == 8 ? 1 : format == 16 ? sizeof(short) : sizeof(long)));
+        XFree(data);
+    }
+    if (items != nullptr)
+        *items = count;
+    if (typeName != nullptr && type != None) {
+        char *text = XGetAtomName(XDisplay(), type);
+        *typeName = text;
+        XFree(text);
+    }
+    return bytes;
+}
+
 RECT WindowRectOf(HWND hwnd)
 {
     RECT rect = {};

@@ -12,6 +12,8 @@
 
 #include <X11/Xlib.h>
 
+#include <string>
+
 namespace vorlan_test {
 
 // The X window of a window handle, 0 when it has none.
@@ -22,6 +24,9 @@ RECT XScreenRect(XID xid);
 XID XParentOf(XID xid);
 XID TransientFor(XID xid);
 bool XWindowViewable(XID xid);
+// The raw items of a window property (bytes, or longs widened to the
+// platform's long as Xlib gives them), with the item count and type name.
+std::string XPropertyData(XID xid, const char *name, unsigned long *items = nullptr, std::string *typeName = nullptr);
 
 // Runs `call` with the last error cleared and checks that it gives
 // `failure` and leaves `error` as the last error.
