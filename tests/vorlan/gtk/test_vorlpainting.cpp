@@ -68,19 +68,16 @@ HWND PaintedPopup(MessageRecorder &recorder, int x, int y, int cx, int cy, DWORD
 
 } // namespace
 
-TEST(UpdateRegion, HiddenWindowTakesNoInvalidationAndShowingInvalidatesItWhole)
-{
-    MessageRecorder recorder("VorlanPaintHidden");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 60, 40);
-    EXPECT_TRUE(InvalidateRect(hwnd, nullptr, TRUE));
-    EXPECT_FALSE(HasUpdate(hwnd));
-    ShowWindow(hwnd, SW_SHOWNA);
-    EXPECT_TRUE(SameRect(UpdateRect(hwnd), RECT{0, 0, 60, 40}));
-}
-
-TEST(UpdateRegion, RectanglesGrowAndValidationShrinksTheRegion)
+TEST(UpdateRegion, RectanglesGrowValidationShrinksAndOnlyVisibleWindowsTakeInvalidation)
 {
     MessageRecorder recorder("VorlanPaintGrow");
+    const HWND hidden = recorder.Create(WS_POPUP, 0, 0, 60, 40);
+    EXPECT_TRUE(InvalidateRect(hidden, nullptr, TRUE));
+    EXPECT_FALSE(HasUpdate(hidden));
+    ShowWindow(hidden, SW_SHOWNA);
+    EXPECT_TRUE(SameRect(UpdateRect(hidden), RECT{0, 0, 60, 40})) << "showing invalidates the whole window";
+    DestroyWindow(hidden);
+
     const HWND hwnd = PaintedPopup(recorder, 0, 0, 100, 80);
     const RECT empty = {5, 5, 5, 30};
     EXPECT_TRUE(InvalidateRect(hwnd, &empty, FALSE));
@@ -231,7 +228,7 @@ TEST(PaintCycle, UpdateQueriesSendTheOwedFrameAndErase)
     DeleteObject(region);
 }
 
-TEST(WindowDC, OwnDcIsTheSameEachTimeSurvivesReleaseAndDiesWithTheWindow)
+TEST(WindowDC, OwnDcIsTheSameEachTimeAndDiesWithTheWindowAndTheZeroHandleGivesADesktopDc)
 {
     MessageRecorder recorder("VorlanPaintOwnDC", true, CS_OWNDC);
     const HWND hwnd = recorder.Create(WS_POPUP | WS_VISIBLE, 0, 0, 40, 40);
@@ -248,10 +245,8 @@ TEST(WindowDC, OwnDcIsTheSameEachTimeSurvivesReleaseAndDiesWithTheWindow)
     EXPECT_EQ(GetObjectType(cache), 0u);
     DestroyWindow(hwnd);
     EXPECT_EQ(GetObjectType(first), 0u);
-}
 
-TEST(WindowDC, ZeroHandleGivesADesktopDcAndDeadWindowsNone)
-{
+    // The zero handle gives a DC of the desktop, with error 1400 all the same.
     SetLastError(0);
     const HDC desktop = GetDC(nullptr);
     EXPECT_NE(desktop, nullptr);

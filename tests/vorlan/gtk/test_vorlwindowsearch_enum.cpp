@@ -16,11 +16,6 @@ using namespace vorlan_test;
 
 namespace {
 
-WindowOptions Under(HWND parent, DWORD style = WS_CHILD)
-{
-    return ObjectSpec(parent, style);
-}
-
 struct Visits {
     std::vector<HWND> seen;
     HWND stopAt = nullptr;
@@ -45,9 +40,9 @@ LPARAM Arg(Visits &visits)
 
 // parent: a (a1, a2), b
 struct SmallTree {
-    TestWindow parent{Under(nullptr, WS_POPUP)};
-    TestWindow a{Under(parent.hwnd())}, a1{Under(a.hwnd())}, a2{Under(a.hwnd())};
-    TestWindow b{Under(parent.hwnd())};
+    TestWindow parent{ObjectSpec(nullptr, WS_POPUP)};
+    TestWindow a{ObjectSpec(parent.hwnd())}, a1{ObjectSpec(a.hwnd())}, a2{ObjectSpec(a.hwnd())};
+    TestWindow b{ObjectSpec(parent.hwnd())};
 };
 
 } // namespace
@@ -68,10 +63,10 @@ TEST(WindowEnumeration, ChildWindowsDepthFirstWithoutTheLockAndAZeroAnswerEndsEv
 
 TEST(WindowEnumeration, WindowDestroyedByTheCallbackIsSkipped)
 {
-    TestWindow parent(Under(nullptr, WS_POPUP));
-    auto a = std::make_unique<TestWindow>(Under(parent.hwnd()));
-    auto b = std::make_unique<TestWindow>(Under(parent.hwnd()));
-    auto c = std::make_unique<TestWindow>(Under(parent.hwnd()));
+    TestWindow parent(ObjectSpec(nullptr, WS_POPUP));
+    auto a = std::make_unique<TestWindow>(ObjectSpec(parent.hwnd()));
+    auto b = std::make_unique<TestWindow>(ObjectSpec(parent.hwnd()));
+    auto c = std::make_unique<TestWindow>(ObjectSpec(parent.hwnd()));
     const std::vector<HWND> expected{a->hwnd(), c->hwnd()};
     Visits visits;
     visits.onVisit = [&](HWND hWnd) {
@@ -82,8 +77,8 @@ TEST(WindowEnumeration, WindowDestroyedByTheCallbackIsSkipped)
     EXPECT_EQ(visits.seen, expected);
 
     // The same at the top level: the next window of the thread goes.
-    auto first = std::make_unique<TestWindow>(Under(nullptr, WS_POPUP));
-    auto second = std::make_unique<TestWindow>(Under(nullptr, WS_POPUP));
+    auto first = std::make_unique<TestWindow>(ObjectSpec(nullptr, WS_POPUP));
+    auto second = std::make_unique<TestWindow>(ObjectSpec(nullptr, WS_POPUP));
     const HWND secondHandle = second->hwnd();
     Visits topVisits;
     topVisits.onVisit = [&](HWND hWnd) {
@@ -97,8 +92,8 @@ TEST(WindowEnumeration, WindowDestroyedByTheCallbackIsSkipped)
 
 TEST(WindowEnumeration, TopLevelWindowsByThread)
 {
-    TestWindow mine(Under(nullptr, WS_POPUP));
-    TestWindow child(Under(mine.hwnd()));
+    TestWindow mine(ObjectSpec(nullptr, WS_POPUP));
+    TestWindow child(ObjectSpec(mine.hwnd()));
     Visits ofThisThread, ofAll, viaDesktop;
     EXPECT_TRUE(EnumThreadWindows(GetCurrentThreadId(), Record, Arg(ofThisThread)));
     EXPECT_TRUE(EnumWindows(Record, Arg(ofAll)));
@@ -118,7 +113,7 @@ TEST(WindowEnumeration, TopLevelWindowsByThread)
 
 TEST(WindowEnumeration, NullProcedureAndBadParent)
 {
-    TestWindow parent(Under(nullptr, WS_POPUP));
+    TestWindow parent(ObjectSpec(nullptr, WS_POPUP));
     EXPECT_TRUE(FailsWith(87, FALSE, [] { return EnumWindows(nullptr, 0); }));
     EXPECT_TRUE(FailsWith(87, FALSE, [] { return EnumThreadWindows(GetCurrentThreadId(), nullptr, 0); }));
     EXPECT_TRUE(FailsWith(87, FALSE, [&] { return EnumChildWindows(parent.hwnd(), nullptr, 0); }));

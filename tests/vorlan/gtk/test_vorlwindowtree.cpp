@@ -37,9 +37,9 @@ bool Relink(HWND hwnd, HWND parent, HWND after)
 
 TEST(WindowTree, LinkAppendsLinkExPlacesFirstLastOrBehindAndUnlinkClears)
 {
-    TestWindow parent(ObjectSpec(nullptr, WS_CHILD));
+    TestWindow parent(ObjectSpec(nullptr));
     const HWND p = parent.hwnd();
-    TestWindow a(ObjectSpec(p, WS_CHILD)), b(ObjectSpec(p, WS_CHILD)), c(ObjectSpec(p, WS_CHILD));
+    TestWindow a(ObjectSpec(p)), b(ObjectSpec(p)), c(ObjectSpec(p));
     EXPECT_EQ(Children(p), (std::vector<HWND>{a.hwnd(), b.hwnd(), c.hwnd()}));
     {
         vorlan::GtkCriticalSection lock;
@@ -62,14 +62,14 @@ TEST(WindowTree, LinkAppendsLinkExPlacesFirstLastOrBehindAndUnlinkClears)
 
 TEST(WindowTree, ChildListOfTheDesktopOrOfOneThread)
 {
-    TestWindow parent(ObjectSpec(nullptr, WS_CHILD));
+    TestWindow parent(ObjectSpec(nullptr));
     const std::vector<HWND> topLevel = Children(nullptr);
     EXPECT_NE(std::find(topLevel.begin(), topLevel.end(), parent.hwnd()), topLevel.end());
     EXPECT_EQ(topLevel, Children(g_hWndDesktop));
 
-    TestWindow mine(ObjectSpec(parent.hwnd(), WS_CHILD));
+    TestWindow mine(ObjectSpec(parent.hwnd()));
     {
-        TestWindow other(ObjectSpec(parent.hwnd(), WS_CHILD));
+        TestWindow other(ObjectSpec(parent.hwnd()));
         {
             vorlan::GtkCriticalSection lock;
             other.object()->dwThreadId = GetCurrentThreadId() + 1;
@@ -82,7 +82,7 @@ TEST(WindowTree, ChildListOfTheDesktopOrOfOneThread)
 
 TEST(WindowTree, BadHandlesGive1400)
 {
-    TestWindow window(ObjectSpec(nullptr, WS_CHILD));
+    TestWindow window(ObjectSpec(nullptr));
     const HWND bad = FakeHwnd(65000), good = window.hwnd();
     vorlan::GtkCriticalSection lock;
     EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return LinkWindow(bad, good); }));

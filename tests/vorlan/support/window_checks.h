@@ -47,7 +47,7 @@ RECT WindowRectOf(HWND hwnd);
 
 // A window object below `parent` (0: the desktop), with an X window only
 // when asked.
-WindowOptions ObjectSpec(HWND parent, DWORD style, RECT rect = {0, 0, 0, 0}, bool withXWindow = false);
+WindowOptions ObjectSpec(HWND parent, DWORD style = WS_CHILD, RECT rect = {0, 0, 0, 0}, bool withXWindow = false);
 
 } // namespace vorlan_test
 
