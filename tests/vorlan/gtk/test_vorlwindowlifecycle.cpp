@@ -37,43 +37,35 @@ const std::vector<UINT> kLifecycle = {WM_NCCREATE, WM_NCCALCSIZE, WM_CREATE,  WM
 
 } // namespace
 
-TEST(WindowCreation, ChildMessagesComeInOrderAndParentHearsBeforeShow)
+TEST(WindowCreation, ChildMessagesComeInOrderWithTheArgumentsAsGivenAndParentHearsBeforeShow)
 {
     MessageRecorder recorder("VorlanLifecycleOrder");
-    const HWND parent = recorder.Create(WS_POPUP, 10, 10, 200, 150);
-    ASSERT_NE(parent, nullptr);
-    recorder.Clear();
-    const HWND child = recorder.Create(kVisibleChild, 5, 6, 50, 40, parent, 0, 77);
-    ASSERT_NE(child, nullptr);
-    EXPECT_EQ(recorder.Sequence({parent, child}, kLifecycle),
-              (Seq{"1:NCCREATE", "1:NCCALCSIZE", "1:CREATE", "1:SIZE", "1:MOVE", "0:PARENTNOTIFY", "1:SHOWWINDOW"}));
-    const auto notice = recorder.Of(parent, WM_PARENTNOTIFY);
-    ASSERT_EQ(notice.size(), 1u);
-    EXPECT_EQ(notice[0].wParam, MAKEWPARAM(WM_CREATE, 77));
-    EXPECT_EQ(notice[0].lParam, reinterpret_cast<LPARAM>(child));
-    const auto size = recorder.Of(child, WM_SIZE);
-    EXPECT_EQ(size[0].lParam, MAKELPARAM(50, 40));
-    EXPECT_EQ(recorder.Of(child, WM_MOVE)[0].lParam, MAKELPARAM(5, 6));
-    EXPECT_EQ(GetWindowLongPtrW(child, GWLP_ID), 77);
-}
-
-TEST(WindowCreation, CreateStructCarriesTheArgumentsAsGiven)
-{
-    MessageRecorder recorder("VorlanLifecycleCreateStruct");
     CREATESTRUCTW seen = {};
     recorder.Answer(WM_CREATE, [&](HWND, WPARAM, LPARAM lParam) {
         seen = *reinterpret_cast<CREATESTRUCTW *>(lParam);
         return 0;
     });
+    const HWND parent = recorder.Create(WS_POPUP, 10, 10, 200, 150);
+    ASSERT_NE(parent, nullptr);
+    recorder.Clear();
     int cookie = 0;
-    const HWND hwnd = CreateWindowExW(WS_EX_TOOLWINDOW, recorder.wideClassName(), reinterpret_cast<LPCWSTR>(u"T"),
-                                      WS_POPUP, 1, 2, 3, 4, nullptr, nullptr, nullptr, &cookie);
-    ASSERT_NE(hwnd, nullptr);
+    const HWND child = CreateWindowExW(WS_EX_TOOLWINDOW, recorder.wideClassName(), reinterpret_cast<LPCWSTR>(u"T"),
+                                       kVisibleChild, 5, 6, 50, 40, parent, reinterpret_cast<HMENU>(77), nullptr,
+                                       &cookie);
+    ASSERT_NE(child, nullptr);
+    EXPECT_EQ(recorder.Sequence({parent, child}, kLifecycle),
+              (Seq{"1:NCCREATE", "1:NCCALCSIZE", "1:CREATE", "1:SIZE", "1:MOVE", "0:PARENTNOTIFY", "1:SHOWWINDOW"}));
     EXPECT_EQ(seen.lpCreateParams, &cookie);
-    EXPECT_TRUE(seen.x == 1 && seen.y == 2 && seen.cx == 3 && seen.cy == 4);
+    EXPECT_TRUE(seen.x == 5 && seen.y == 6 && seen.cx == 50 && seen.cy == 40);
     EXPECT_EQ(seen.dwExStyle, DWORD(WS_EX_TOOLWINDOW));
     EXPECT_EQ(seen.lpszClass, recorder.wideClassName());
-    EXPECT_EQ(DestroyWindow(hwnd), TRUE);
+    const auto notice = recorder.Of(parent, WM_PARENTNOTIFY);
+    ASSERT_EQ(notice.size(), 1u);
+    EXPECT_EQ(notice[0].wParam, MAKEWPARAM(WM_CREATE, 77));
+    EXPECT_EQ(notice[0].lParam, reinterpret_cast<LPARAM>(child));
+    EXPECT_EQ(recorder.Of(child, WM_SIZE)[0].lParam, MAKELPARAM(50, 40));
+    EXPECT_EQ(recorder.Of(child, WM_MOVE)[0].lParam, MAKELPARAM(5, 6));
+    EXPECT_EQ(GetWindowLongPtrW(child, GWLP_ID), 77);
 }
 
 TEST(WindowCreation, BadArgumentsFailWithTheirErrors)
