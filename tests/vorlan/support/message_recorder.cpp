@@ -126,13 +126,12 @@ std::vector<RecordedMessage> MessageRecorder::Of(HWND hwnd, UINT message) const
 std::string MessageName(UINT message)
 {
     static const std::map<UINT, const char *> names = {
-        {WM_NCCREATE, "NCCREATE"},       {WM_NCCALCSIZE, "NCCALCSIZE"},       {WM_CREATE, "CREATE"},
-        {WM_SIZE, "SIZE"},               {WM_MOVE, "MOVE"},                   {WM_PARENTNOTIFY, "PARENTNOTIFY"},
-        {WM_SHOWWINDOW, "SHOWWINDOW"},   {WM_DESTROY, "DESTROY"},             {WM_NCDESTROY, "NCDESTROY"},
-        {WM_WINDOWPOSCHANGING, "POSCHANGING"}, {WM_WINDOWPOSCHANGED, "POSCHANGED"},
-        {WM_GETMINMAXINFO, "GETMINMAXINFO"}, {WM_SETTEXT, "SETTEXT"},         {WM_GETTEXT, "GETTEXT"},
-        {WM_GETTEXTLENGTH, "GETTEXTLENGTH"}, {WM_CLOSE, "CLOSE"},             {WM_CONTEXTMENU, "CONTEXTMENU"},
-        {WM_HELP, "HELP"},               {WM_PAINT, "PAINT"},                 {WM_NCPAINT, "NCPAINT"},
+        {WM_NCCREATE, "NCCREATE"}, {WM_NCCALCSIZE, "NCCALCSIZE"}, {WM_CREATE, "CREATE"}, {WM_SIZE, "SIZE"},
+        {WM_MOVE, "MOVE"}, {WM_PARENTNOTIFY, "PARENTNOTIFY"}, {WM_SHOWWINDOW, "SHOWWINDOW"},
+        {WM_DESTROY, "DESTROY"}, {WM_NCDESTROY, "NCDESTROY"}, {WM_WINDOWPOSCHANGING, "POSCHANGING"},
+        {WM_WINDOWPOSCHANGED, "POSCHANGED"}, {WM_GETMINMAXINFO, "GETMINMAXINFO"}, {WM_SETTEXT, "SETTEXT"},
+        {WM_GETTEXT, "GETTEXT"}, {WM_GETTEXTLENGTH, "GETTEXTLENGTH"}, {WM_CLOSE, "CLOSE"},
+        {WM_CONTEXTMENU, "CONTEXTMENU"}, {WM_HELP, "HELP"}, {WM_PAINT, "PAINT"}, {WM_NCPAINT, "NCPAINT"},
         {WM_ERASEBKGND, "ERASEBKGND"},
     };
     const auto known = names.find(message);
