@@ -96,14 +96,19 @@ private:
     XID m_xid;
 };
 
-// Waits until the X window's place on the screen is `expected()`.
+// Waits until the window manager has mapped the X window, where it chose
+// to place it, and its place on the screen is `expected()`.
 ::testing::AssertionResult XFollows(XID xid, const std::function<RECT()> &expected)
 {
-    PumpUntil([&] {
-        const RECT x = XScreenRect(xid), wanted = expected();
-        return EqualRect(&x, &wanted) != FALSE;
-    });
-    return SameRect(XScreenRect(xid), expected());
+    PumpUntil([&] { return XWindowViewable(xid); });
+    RECT x = {}, wanted = {};
+    if (PumpUntil([&] {
+            x = XScreenRect(xid);
+            wanted = expected();
+            return EqualRect(&x, &wanted) != FALSE;
+        }))
+        return ::testing::AssertionSuccess();
+    return SameRect(x, wanted);
 }
 
 } // namespace
