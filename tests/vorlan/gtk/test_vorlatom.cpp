@@ -4,18 +4,19 @@
 
 #include <windows.h>
 
+#include "support/window_checks.h"
+
 #include <string>
 #include <thread>
 #include <vector>
+
+using vorlan_test::FailsWith;
 
 namespace {
 
 std::u16string Units(const char *text)
 {
-    std::u16string units;
-    for (; *text != '\0'; ++text)
-        units.push_back(static_cast<unsigned char>(*text));
-    return units;
+    return std::u16string(text, text + std::char_traits<char>::length(text));
 }
 
 LPCWSTR W(const std::u16string &text)
@@ -44,7 +45,7 @@ void Purge(ATOM atom)
 
 } // namespace
 
-TEST(Atoms, CaseFoldedNamesShareOneAtomWithTheFirstCase)
+TEST(Atoms, AsciiCaseFoldedNamesShareOneCountedAtomWithTheFirstCase)
 {
     const std::u16string lower = Units("vorlan-case-abc"), upper = Units("VORLAN-CASE-ABC");
     const ATOM first = AddAtomW(W(lower));
@@ -55,23 +56,15 @@ TEST(Atoms, CaseFoldedNamesShareOneAtomWithTheFirstCase)
     EXPECT_EQ(DeleteAtom(first), 0);
     EXPECT_EQ(FindAtomW(W(lower)), first);
     EXPECT_EQ(DeleteAtom(first), 0);
-    SetLastError(0);
-    EXPECT_EQ(FindAtomW(W(lower)), 0);
-    EXPECT_EQ(GetLastError(), 87u);
-}
+    EXPECT_TRUE(FailsWith(87, 0, [&] { return FindAtomW(W(lower)); }));
 
-TEST(Atoms, FoldingCoversAsciiLettersOnly)
-{
-    const std::u16string a = u"vorlan-\u00e9t\u00e9", b = u"VORLAN-\u00c9T\u00c9";
-    const ATOM first = AddAtomW(W(a));
-    const ATOM second = AddAtomW(W(b));
-    EXPECT_NE(first, second);
-    Purge(first);
-    Purge(second);
-}
+    // Only ASCII letters fold.
+    const ATOM accented = AddAtomW(W(u"vorlan-\u00e9t\u00e9")), upperAccented = AddAtomW(W(u"VORLAN-\u00c9T\u00c9"));
+    EXPECT_NE(accented, upperAccented);
+    Purge(accented);
+    Purge(upperAccented);
 
-TEST(Atoms, NumbersRiseAndAreNeverReused)
-{
+    // Numbers rise and a deleted atom's number is not given out again.
     const ATOM one = AddAtomW(W(Units("vorlan-rise-1")));
     Purge(one);
     const ATOM two = AddAtomW(W(Units("vorlan-rise-1")));
@@ -79,82 +72,51 @@ TEST(Atoms, NumbersRiseAndAreNeverReused)
     Purge(two);
 }
 
-TEST(Atoms, HashFormsAreIntegerAtoms)
+TEST(Atoms, IntegerArgumentsAndHashFormsAreIntegerAtoms)
 {
     EXPECT_EQ(AddAtomW(W(Units("#100"))), 100);
     EXPECT_EQ(FindAtomW(W(Units("#100"))), 100);
     EXPECT_EQ(AddAtomW(W(Units("#49151"))), 0xBFFF);
-    for (const char *bad : {"#0", "#49152", "#", "#12a", "#99999999999999999999"}) {
-        SetLastError(0);
-        EXPECT_EQ(AddAtomW(W(Units(bad))), 0) << bad;
-        EXPECT_EQ(GetLastError(), 87u) << bad;
-    }
-}
-
-TEST(Atoms, IntegerArgumentsStandForThemselves)
-{
     EXPECT_EQ(AddAtomW(IntW(5)), 5);
     EXPECT_EQ(AddAtomA(reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(0xBFFF))), 0xBFFF);
     EXPECT_EQ(FindAtomW(IntW(77)), 77);
-    SetLastError(0);
-    EXPECT_EQ(AddAtomW(IntW(0xC000)), 0);
-    EXPECT_EQ(GetLastError(), 87u);
-    SetLastError(0);
-    EXPECT_EQ(AddAtomW(nullptr), 0);
-    EXPECT_EQ(GetLastError(), 87u);
     EXPECT_EQ(DeleteAtom(100), 0);
-}
 
-TEST(Atoms, EmptyNameIsRefused)
-{
-    SetLastError(0);
-    EXPECT_EQ(AddAtomW(W(u"")), 0);
-    EXPECT_EQ(GetLastError(), 87u);
-}
-
-TEST(Atoms, NamesUpTo127UnitsAreAccepted)
-{
-    const std::u16string ok(127, u'q'), tooLong(128, u'q');
+    const std::u16string ok(127, u'q');
     const ATOM atom = AddAtomW(W(ok));
     EXPECT_NE(atom, 0);
     EXPECT_EQ(NameOf(atom), ok);
     Purge(atom);
-    SetLastError(0);
-    EXPECT_EQ(AddAtomW(W(tooLong)), 0);
-    EXPECT_EQ(GetLastError(), 87u);
 }
 
-TEST(Atoms, GetAtomNameOfIntegerAtomNeedsRoomForTerminator)
+TEST(Atoms, BadNamesAndIntegersAreRefusedWith87)
+{
+    const std::u16string tooLong(128, u'q');
+    const std::vector<std::u16string> badNames = {
+        Units("#0"), Units("#49152"), Units("#"), Units("#12a"), Units("#99999999999999999999"), u"", tooLong};
+    for (const std::u16string &bad : badNames)
+        EXPECT_TRUE(FailsWith(87, 0, [&] { return AddAtomW(W(bad)); })) << std::string(bad.begin(), bad.end());
+    EXPECT_TRUE(FailsWith(87, 0, [] { return AddAtomW(IntW(0xC000)); }));
+    EXPECT_TRUE(FailsWith(87, 0, [] { return AddAtomW(nullptr); }));
+    // DeleteAtom gives back an atom it does not know.
+    EXPECT_TRUE(FailsWith(87, 0, [] { return DeleteAtom(0); }));
+    EXPECT_TRUE(FailsWith(87, 0xFFEE, [] { return DeleteAtom(0xFFEE); }));
+}
+
+TEST(Atoms, GetAtomNameCountsAndErrorsAndTheGlobalCallsShareTheTable)
 {
     WCHAR buffer[8] = {};
-    SetLastError(0);
-    EXPECT_EQ(GetAtomNameW(100, buffer, 4), 0u);
-    EXPECT_EQ(GetLastError(), 122u);
+    const ATOM shortName = AddAtomW(W(Units("vorlan-short")));
+    EXPECT_TRUE(FailsWith(122, 0, [&] { return GetAtomNameW(100, buffer, 4); })) << "#100 and its terminator";
+    EXPECT_TRUE(FailsWith(87, 0, [&] { return GetAtomNameW(0, buffer, 8); }));
+    EXPECT_TRUE(FailsWith(87, 0, [&] { return GetAtomNameW(100, nullptr, 8); }));
+    EXPECT_TRUE(FailsWith(87, 0, [&] { return GetAtomNameW(0xFFF0, buffer, 8); }));
+    EXPECT_TRUE(FailsWith(122, 0, [&] { return GetAtomNameW(shortName, buffer, 8); }));
+    Purge(shortName);
     EXPECT_EQ(GetAtomNameW(100, buffer, 5), 4u);
     EXPECT_EQ(std::u16string(reinterpret_cast<const char16_t *>(buffer)), u"#100");
-}
 
-TEST(Atoms, GetAtomNameErrors)
-{
-    WCHAR buffer[8] = {};
-    SetLastError(0);
-    EXPECT_EQ(GetAtomNameW(0, buffer, 8), 0u);
-    EXPECT_EQ(GetLastError(), 87u);
-    SetLastError(0);
-    EXPECT_EQ(GetAtomNameW(100, nullptr, 8), 0u);
-    EXPECT_EQ(GetLastError(), 87u);
-    SetLastError(0);
-    EXPECT_EQ(GetAtomNameW(0xFFF0, buffer, 8), 0u);
-    EXPECT_EQ(GetLastError(), 87u);
-    const ATOM atom = AddAtomW(W(Units("vorlan-short")));
-    SetLastError(0);
-    EXPECT_EQ(GetAtomNameW(atom, buffer, 8), 0u);
-    EXPECT_EQ(GetLastError(), 122u);
-    Purge(atom);
-}
-
-TEST(Atoms, NarrowNameCountIncludesTerminator)
-{
+    // The narrow count includes the terminator, the wide one does not.
     const ATOM atom = AddAtomA("vorlan-abc");
     char narrow[32] = {};
     WCHAR wide[32] = {};
@@ -164,30 +126,16 @@ TEST(Atoms, NarrowNameCountIncludesTerminator)
     EXPECT_EQ(FindAtomA("VORLAN-ABC"), atom);
     EXPECT_EQ(GetAtomNameA(0, narrow, sizeof narrow), 0u);
     Purge(atom);
-}
 
-TEST(Atoms, DeleteOfUnknownAtomReturnsIt)
-{
-    SetLastError(0);
-    EXPECT_EQ(DeleteAtom(0), 0);
-    EXPECT_EQ(GetLastError(), 87u);
-    SetLastError(0);
-    EXPECT_EQ(DeleteAtom(0xFFEE), 0xFFEE);
-    EXPECT_EQ(GetLastError(), 87u);
-}
-
-TEST(Atoms, GlobalCallsShareTheTable)
-{
-    const ATOM atom = GlobalAddAtomA("vorlan-global");
-    EXPECT_EQ(FindAtomA("vorlan-global"), atom);
-    EXPECT_EQ(GlobalFindAtomW(W(Units("Vorlan-Global"))), atom);
-    char narrow[32] = {};
-    WCHAR wide[32] = {};
-    EXPECT_EQ(GlobalGetAtomNameA(atom, narrow, sizeof narrow), 14u);
-    EXPECT_EQ(GlobalGetAtomNameW(atom, wide, 32), 13u);
-    EXPECT_EQ(GlobalAddAtomW(W(Units("vorlan-global"))), atom);
-    EXPECT_EQ(GlobalDeleteAtom(atom), 0);
-    EXPECT_EQ(DeleteAtom(atom), 0);
+    // The global calls share the table.
+    const ATOM global = GlobalAddAtomA("vorlan-global");
+    EXPECT_EQ(FindAtomA("vorlan-global"), global);
+    EXPECT_EQ(GlobalFindAtomW(W(Units("Vorlan-Global"))), global);
+    EXPECT_EQ(GlobalGetAtomNameA(global, narrow, sizeof narrow), 14u);
+    EXPECT_EQ(GlobalGetAtomNameW(global, wide, 32), 13u);
+    EXPECT_EQ(GlobalAddAtomW(W(Units("vorlan-global"))), global);
+    EXPECT_EQ(GlobalDeleteAtom(global), 0);
+    EXPECT_EQ(DeleteAtom(global), 0);
     EXPECT_EQ(GlobalFindAtomA("vorlan-global"), 0);
 }
 

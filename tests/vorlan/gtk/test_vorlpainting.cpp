@@ -8,25 +8,17 @@
 #include "gtk/vorlxwindow.h"
 #include "support/gtk_helpers.h"
 #include "support/message_recorder.h"
+#include "support/window_checks.h"
 
 #include <gdk/gdkx.h>
 #include <X11/Xlib.h>
 
-using vorlan_test::MessageRecorder;
+using namespace vorlan_test;
 using Seq = std::vector<std::string>;
 
 namespace {
 
 const std::vector<UINT> kPaintMessages = {WM_NCPAINT, WM_ERASEBKGND, WM_PAINT};
-
-::testing::AssertionResult SameRect(const RECT &actual, const RECT &expected)
-{
-    if (EqualRect(&actual, &expected))
-        return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure() << "(" << actual.left << "," << actual.top << ")-(" << actual.right << ","
-                                         << actual.bottom << ") instead of (" << expected.left << "," << expected.top
-                                         << ")-(" << expected.right << "," << expected.bottom << ")";
-}
 
 RECT UpdateRect(HWND hwnd)
 {
@@ -52,12 +44,12 @@ void DrainMessages()
 // the map has been painted.
 void WaitUntilMappedAndExposed(HWND hwnd)
 {
-    vorlan_test::PumpUntil([&] {
+    PumpUntil([&] {
         vorlan::GtkCriticalSection lock;
         return gdk_window_is_viewable(GetGdkWindow(hwnd)) != FALSE;
     });
     // The window manager may still move or expose it after the map.
-    vorlan_test::PumpUntil([] {
+    PumpUntil([] {
         DrainMessages();
         return false;
     }, 150);
@@ -76,19 +68,16 @@ HWND PaintedPopup(MessageRecorder &recorder, int x, int y, int cx, int cy, DWORD
 
 } // namespace
 
-TEST(UpdateRegion, HiddenWindowTakesNoInvalidationAndShowingInvalidatesItWhole)
-{
-    MessageRecorder recorder("VorlanPaintHidden");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 60, 40);
-    EXPECT_TRUE(InvalidateRect(hwnd, nullptr, TRUE));
-    EXPECT_FALSE(HasUpdate(hwnd));
-    ShowWindow(hwnd, SW_SHOWNA);
-    EXPECT_TRUE(SameRect(UpdateRect(hwnd), RECT{0, 0, 60, 40}));
-}
-
-TEST(UpdateRegion, RectanglesGrowAndValidationShrinksTheRegion)
+TEST(UpdateRegion, RectanglesGrowValidationShrinksAndOnlyVisibleWindowsTakeInvalidation)
 {
     MessageRecorder recorder("VorlanPaintGrow");
+    const HWND hidden = recorder.Create(WS_POPUP, 0, 0, 60, 40);
+    EXPECT_TRUE(InvalidateRect(hidden, nullptr, TRUE));
+    EXPECT_FALSE(HasUpdate(hidden));
+    ShowWindow(hidden, SW_SHOWNA);
+    EXPECT_TRUE(SameRect(UpdateRect(hidden), RECT{0, 0, 60, 40})) << "showing invalidates the whole window";
+    DestroyWindow(hidden);
+
     const HWND hwnd = PaintedPopup(recorder, 0, 0, 100, 80);
     const RECT empty = {5, 5, 5, 30};
     EXPECT_TRUE(InvalidateRect(hwnd, &empty, FALSE));
@@ -117,16 +106,14 @@ TEST(UpdateRegion, RectanglesGrowAndValidationShrinksTheRegion)
     InvalidateRect(hwnd, &beyond, FALSE);
     EXPECT_TRUE(SameRect(UpdateRect(hwnd), RECT{90, 70, 100, 80}));
     DeleteObject(region);
-}
 
-TEST(UpdateRegion, RegionOutsideTheClientAreaStillBringsOnePaint)
-{
-    MessageRecorder recorder("VorlanPaintOutside");
-    const HWND hwnd = PaintedPopup(recorder, 0, 0, 50, 50);
+    // A region wholly outside the client area still brings one paint.
+    ValidateRect(hwnd, nullptr);
     const RECT outside = {100, 100, 120, 120};
     EXPECT_TRUE(InvalidateRect(hwnd, &outside, FALSE));
     EXPECT_TRUE(HasUpdate(hwnd));
     EXPECT_TRUE(SameRect(UpdateRect(hwnd), RECT{0, 0, 0, 0}));
+    recorder.Clear();
     DrainMessages();
     EXPECT_EQ(recorder.Sequence({hwnd}, kPaintMessages), (Seq{"0:PAINT"}));
     EXPECT_FALSE(HasUpdate(hwnd));
@@ -152,7 +139,7 @@ TEST(UpdateRegion, ClippingParentPassesNothingOnUnlessAllChildrenAreAsked)
     EXPECT_FALSE(HasUpdate(child));
 }
 
-TEST(UpdateRegion, ChildGetsTheCoveredPartInItsOwnCoordinates)
+TEST(UpdateRegion, ChildGetsTheCoveredPartInItsOwnCoordinatesAndUpdatingItTakesItOutOfTheParent)
 {
     MessageRecorder recorder("VorlanPaintChildPart");
     const HWND parent = PaintedPopup(recorder, 0, 0, 100, 100);
@@ -162,27 +149,19 @@ TEST(UpdateRegion, ChildGetsTheCoveredPartInItsOwnCoordinates)
     InvalidateRect(parent, &part, FALSE);
     // The child's client area starts inside its border of one pixel.
     EXPECT_TRUE(SameRect(UpdateRect(child), RECT{0, 0, 9, 14}));
-
     // Validation uses the child's client rectangle.
     ValidateRect(parent, nullptr);
     EXPECT_FALSE(HasUpdate(child));
-}
 
-TEST(UpdateRegion, UpdatingAChildTakesItsRectangleOutOfTheParent)
-{
-    MessageRecorder recorder("VorlanPaintChildFirst");
-    const HWND parent = PaintedPopup(recorder, 0, 0, 100, 100);
-    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 10, 10, 30, 30, parent);
-    RedrawWindow(parent, nullptr, nullptr, RDW_VALIDATE | RDW_NOFRAME | RDW_ALLCHILDREN);
     InvalidateRect(parent, nullptr, FALSE);
     recorder.Clear();
     UpdateWindow(child);
     EXPECT_EQ(recorder.Sequence({parent, child}, kPaintMessages), (Seq{"1:NCPAINT", "1:PAINT"}));
     HRGN region = CreateRectRgn(0, 0, 0, 0);
     EXPECT_EQ(GetUpdateRgn(parent, region, FALSE), 1);
-    EXPECT_FALSE(PtInRegion(region, 20, 20));
+    EXPECT_FALSE(PtInRegion(region, 30, 40));
     EXPECT_TRUE(PtInRegion(region, 5, 5));
-    EXPECT_TRUE(PtInRegion(region, 60, 60));
+    EXPECT_TRUE(PtInRegion(region, 80, 80));
     DeleteObject(region);
 }
 
@@ -222,24 +201,9 @@ TEST(PaintCycle, BeginPaintErasesWhenOwedAndReportsThePaintRectangle)
     EXPECT_EQ(recorder.Sequence({hwnd}, kPaintMessages), (Seq{"0:PAINT"}));
 
     PAINTSTRUCT ps;
-    SetLastError(0);
-    EXPECT_EQ(BeginPaint(hwnd, nullptr), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    EXPECT_EQ(BeginPaint(vorlan_test::FakeHwnd(60010), &ps), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(87, nullptr, [&] { return BeginPaint(hwnd, nullptr); }));
+    EXPECT_TRUE(FailsWith(1400, nullptr, [&] { return BeginPaint(FakeHwnd(60010), &ps); }));
     EXPECT_FALSE(EndPaint(hwnd, nullptr));
-}
-
-TEST(PaintCycle, DefaultProcedureEndsThePaintCycle)
-{
-    MessageRecorder recorder("VorlanPaintDefault");
-    const HWND hwnd = PaintedPopup(recorder, 0, 0, 40, 40);
-    InvalidateRect(hwnd, nullptr, TRUE);
-    DrainMessages();
-    EXPECT_EQ(recorder.Sequence({hwnd}, kPaintMessages), (Seq{"0:PAINT", "0:ERASEBKGND"}));
-    EXPECT_FALSE(HasUpdate(hwnd));
-    MSG msg;
-    EXPECT_FALSE(PeekMessageW(&msg, hwnd, WM_PAINT, WM_PAINT, PM_NOREMOVE));
 }
 
 TEST(PaintCycle, UpdateQueriesSendTheOwedFrameAndErase)
@@ -254,20 +218,17 @@ TEST(PaintCycle, UpdateQueriesSendTheOwedFrameAndErase)
     EXPECT_TRUE(GetUpdateRect(hwnd, &rect, TRUE));
     EXPECT_TRUE(recorder.Sequence({hwnd}, kPaintMessages).empty());
 
-    SetLastError(0);
-    EXPECT_EQ(GetUpdateRgn(hwnd, nullptr, FALSE), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    const HWND bad = FakeHwnd(60011);
+    EXPECT_TRUE(FailsWith(87, 0, [&] { return GetUpdateRgn(hwnd, nullptr, FALSE); }));
     HRGN region = CreateRectRgn(0, 0, 1, 1);
-    EXPECT_EQ(GetUpdateRgn(vorlan_test::FakeHwnd(60011), region, FALSE), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-    EXPECT_FALSE(GetUpdateRect(vorlan_test::FakeHwnd(60011), &rect, FALSE));
-    EXPECT_FALSE(RedrawWindow(vorlan_test::FakeHwnd(60011), nullptr, nullptr, RDW_INVALIDATE));
-    EXPECT_FALSE(InvalidateRect(vorlan_test::FakeHwnd(60011), nullptr, TRUE));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(1400, 0, [&] { return GetUpdateRgn(bad, region, FALSE); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return GetUpdateRect(bad, &rect, FALSE); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return RedrawWindow(bad, nullptr, nullptr, RDW_INVALIDATE); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return InvalidateRect(bad, nullptr, TRUE); }));
     DeleteObject(region);
 }
 
-TEST(WindowDC, OwnDcIsTheSameEachTimeSurvivesReleaseAndDiesWithTheWindow)
+TEST(WindowDC, OwnDcIsTheSameEachTimeAndDiesWithTheWindowAndTheZeroHandleGivesADesktopDc)
 {
     MessageRecorder recorder("VorlanPaintOwnDC", true, CS_OWNDC);
     const HWND hwnd = recorder.Create(WS_POPUP | WS_VISIBLE, 0, 0, 40, 40);
@@ -284,10 +245,8 @@ TEST(WindowDC, OwnDcIsTheSameEachTimeSurvivesReleaseAndDiesWithTheWindow)
     EXPECT_EQ(GetObjectType(cache), 0u);
     DestroyWindow(hwnd);
     EXPECT_EQ(GetObjectType(first), 0u);
-}
 
-TEST(WindowDC, ZeroHandleGivesADesktopDcAndDeadWindowsNone)
-{
+    // The zero handle gives a DC of the desktop, with error 1400 all the same.
     SetLastError(0);
     const HDC desktop = GetDC(nullptr);
     EXPECT_NE(desktop, nullptr);
@@ -298,26 +257,10 @@ TEST(WindowDC, ZeroHandleGivesADesktopDcAndDeadWindowsNone)
     EXPECT_NE(whole, nullptr);
     ReleaseDC(nullptr, whole);
 
-    SetLastError(0);
-    EXPECT_EQ(GetDC(vorlan_test::FakeHwnd(60012)), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-    EXPECT_EQ(ReleaseDC(vorlan_test::FakeHwnd(60012), nullptr), 0);
+    EXPECT_TRUE(FailsWith(1400, nullptr, [] { return GetDC(FakeHwnd(60012)); }));
+    EXPECT_EQ(ReleaseDC(FakeHwnd(60012), nullptr), 0);
     EXPECT_TRUE(LockWindowUpdate(nullptr));
-    EXPECT_FALSE(LockWindowUpdate(vorlan_test::FakeHwnd(60012)));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-}
-
-TEST(WindowDC, ClientDcOfADecoratedWindowStartsAtItsClientArea)
-{
-    MessageRecorder recorder("VorlanPaintDecoratedDC");
-    const HWND hwnd = recorder.Create(WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 150);
-    RECT client;
-    GetClientRect(hwnd, &client);
-    const HDC dc = GetDC(hwnd);
-    RECT box = {};
-    EXPECT_NE(GetClipBox(dc, &box), ERROR);
-    EXPECT_TRUE(SameRect(box, client));
-    ReleaseDC(hwnd, dc);
+    EXPECT_TRUE(FailsWith(1400, FALSE, [] { return LockWindowUpdate(FakeHwnd(60012)); }));
 }
 
 TEST(ExposeFromX, UncoveredPartOfAWindowIsRepainted)
@@ -349,7 +292,7 @@ TEST(ExposeFromX, UncoveredPartOfAWindowIsRepainted)
                                          &attributes);
     XMapRaised(other, cover);
     XSync(other, False);
-    vorlan_test::PumpUntil([&] {
+    PumpUntil([&] {
         DrainMessages();
         return false;
     }, 200);
@@ -357,7 +300,7 @@ TEST(ExposeFromX, UncoveredPartOfAWindowIsRepainted)
     XDestroyWindow(other, cover);
     XSync(other, False);
     XCloseDisplay(other);
-    ASSERT_TRUE(vorlan_test::PumpUntil([&] {
+    ASSERT_TRUE(PumpUntil([&] {
         DrainMessages();
         return !painted.empty();
     }));
@@ -365,41 +308,7 @@ TEST(ExposeFromX, UncoveredPartOfAWindowIsRepainted)
     EXPECT_TRUE(SameRect(painted[0], RECT{50, 20, 90, 50}));
 }
 
-TEST(PaintCycle, PaintingIsClippedToTheUpdateRegion)
-{
-    MessageRecorder recorder("VorlanPaintClipped");
-    COLORREF paint = RGB(0, 0, 255);
-    recorder.Answer(WM_PAINT, [&](HWND hwnd, WPARAM, LPARAM) {
-        PAINTSTRUCT ps;
-        HDC hdc = BeginPaint(hwnd, &ps);
-        HBRUSH brush = CreateSolidBrush(paint);
-        HGDIOBJ old = SelectObject(hdc, brush);
-        PatBlt(hdc, 0, 0, 100, 100, PATCOPY);
-        SelectObject(hdc, old);
-        DeleteObject(brush);
-        EndPaint(hwnd, &ps);
-        return LRESULT(0);
-    });
-    const HWND hwnd = recorder.Create(WS_POPUP | WS_VISIBLE, 0, 0, 60, 40);
-    // Mapped by the window manager, exposed, and painted blue all over.
-    const HDC dc = GetDC(hwnd);
-    ASSERT_TRUE(vorlan_test::PumpUntil([&] {
-        DrainMessages();
-        return GetPixel(dc, 59, 39) == RGB(0, 0, 255) && GetPixel(dc, 0, 0) == RGB(0, 0, 255);
-    }));
-    paint = RGB(255, 0, 0);
-    const RECT area = {10, 10, 20, 15};
-    InvalidateRect(hwnd, &area, FALSE);
-    UpdateWindow(hwnd);
-    EXPECT_EQ(GetPixel(dc, 10, 10), RGB(255, 0, 0));
-    EXPECT_EQ(GetPixel(dc, 19, 14), RGB(255, 0, 0));
-    EXPECT_EQ(GetPixel(dc, 20, 14), RGB(0, 0, 255));
-    EXPECT_EQ(GetPixel(dc, 9, 10), RGB(0, 0, 255));
-    EXPECT_EQ(GetPixel(dc, 15, 15), RGB(0, 0, 255));
-    ReleaseDC(hwnd, dc);
-}
-
-TEST(WindowDC, DcKnowsItsWindowAndParentDcClassesGetFreshDcs)
+TEST(WindowDC, DcKnowsItsWindowParentDcClassesGetFreshDcsAndClientDcsStartAtTheClientArea)
 {
     MessageRecorder recorder("VorlanPaintParentDC", true, CS_PARENTDC);
     const HWND parent = recorder.Create(WS_POPUP | WS_VISIBLE, 0, 0, 80, 60);
@@ -420,9 +329,19 @@ TEST(WindowDC, DcKnowsItsWindowAndParentDcClassesGetFreshDcs)
     EXPECT_EQ(WindowFromDC(memory), nullptr);
     DeleteDC(memory);
     EXPECT_EQ(WindowFromDC(nullptr), nullptr);
+
+    // The client DC of a decorated window starts at its client area.
+    MessageRecorder plain("VorlanPaintDecoratedDC");
+    const HWND decorated = plain.Create(WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 150);
+    RECT client;
+    GetClientRect(decorated, &client);
+    const HDC dc = GetDC(decorated);
+    EXPECT_NE(GetClipBox(dc, &box), ERROR);
+    EXPECT_TRUE(SameRect(box, client));
+    ReleaseDC(decorated, dc);
 }
 
-TEST(PaintCycle, EraseNowErasesWithoutPaintingAndKeepsTheRegion)
+TEST(PaintCycle, EraseNowErasesWithoutPaintingAndTheDefaultProcedureEndsTheCycle)
 {
     MessageRecorder recorder("VorlanPaintEraseNow");
     const HWND hwnd = PaintedPopup(recorder, 0, 0, 40, 40);
@@ -440,21 +359,31 @@ TEST(PaintCycle, EraseNowErasesWithoutPaintingAndKeepsTheRegion)
     RedrawWindow(hwnd, &part, nullptr, RDW_VALIDATE | RDW_NOERASE);
     RedrawWindow(hwnd, nullptr, nullptr, RDW_ERASENOW);
     EXPECT_TRUE(recorder.Sequence({hwnd}, kPaintMessages).empty());
+
+    // The default procedure's WM_PAINT ends the cycle: erase, then nothing
+    // left to paint and no WM_PAINT queued.
+    ValidateRect(hwnd, nullptr);
+    InvalidateRect(hwnd, nullptr, TRUE);
+    DrainMessages();
+    EXPECT_EQ(recorder.Sequence({hwnd}, kPaintMessages), (Seq{"0:PAINT", "0:ERASEBKGND"}));
+    EXPECT_FALSE(HasUpdate(hwnd));
+    MSG msg;
+    EXPECT_FALSE(PeekMessageW(&msg, hwnd, WM_PAINT, WM_PAINT, PM_NOREMOVE));
 }
 
-TEST(ExposeFromX, PaintedWindowShowsOnTheScreenAsDrawn)
+TEST(ExposeFromX, PaintedWindowShowsOnTheScreenAsDrawnAndRepaintingIsClippedToTheUpdateRegion)
 {
     MessageRecorder recorder("VorlanPaintOnScreen");
+    COLORREF squareColour = RGB(255, 0, 0);
     recorder.Answer(WM_ERASEBKGND, [](HWND, WPARAM, LPARAM) { return LRESULT(1); });
-    recorder.Answer(WM_PAINT, [](HWND hwnd, WPARAM, LPARAM) {
+    recorder.Answer(WM_PAINT, [&](HWND hwnd, WPARAM, LPARAM) {
         PAINTSTRUCT ps;
         HDC hdc = BeginPaint(hwnd, &ps);
-        const RECT all = {0, 0, 64, 48};
+        const RECT all = {0, 0, 64, 48}, square = {8, 8, 24, 24};
         FillRect(hdc, &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-        HBRUSH red = CreateSolidBrush(RGB(255, 0, 0));
-        const RECT square = {8, 8, 24, 24};
-        FillRect(hdc, &square, red);
-        DeleteObject(red);
+        HBRUSH brush = CreateSolidBrush(squareColour);
+        FillRect(hdc, &square, brush);
+        DeleteObject(brush);
         EndPaint(hwnd, &ps);
         return LRESULT(0);
     });
@@ -473,7 +402,7 @@ TEST(ExposeFromX, PaintedWindowShowsOnTheScreenAsDrawn)
             XDestroyImage(image);
         return pixel & 0xFFFFFF;
     };
-    EXPECT_TRUE(vorlan_test::PumpUntil([&] {
+    EXPECT_TRUE(PumpUntil([&] {
         DrainMessages();
         return screenPixel(8, 8) == 0xFF0000 && screenPixel(63, 47) == 0xFFFFFF;
     }));
@@ -481,6 +410,21 @@ TEST(ExposeFromX, PaintedWindowShowsOnTheScreenAsDrawn)
     EXPECT_EQ(screenPixel(24, 23), 0xFFFFFFu);
     EXPECT_EQ(screenPixel(7, 8), 0xFFFFFFu);
     EXPECT_EQ(screenPixel(0, 0), 0xFFFFFFu);
+
+    // A repaint of part of the window draws the square blue only there.
+    squareColour = RGB(0, 0, 255);
+    const RECT area = {10, 10, 20, 15};
+    InvalidateRect(hwnd, &area, FALSE);
+    UpdateWindow(hwnd);
+    const HDC dc = GetDC(hwnd);
+    EXPECT_EQ(GetPixel(dc, 10, 10), RGB(0, 0, 255));
+    EXPECT_EQ(GetPixel(dc, 19, 14), RGB(0, 0, 255));
+    EXPECT_EQ(GetPixel(dc, 20, 14), RGB(255, 0, 0));
+    EXPECT_EQ(GetPixel(dc, 9, 10), RGB(255, 0, 0));
+    EXPECT_EQ(GetPixel(dc, 15, 15), RGB(255, 0, 0));
+    ReleaseDC(hwnd, dc);
+    EXPECT_TRUE(PumpUntil([&] { return screenPixel(19, 14) == 0x0000FF; }));
+    EXPECT_EQ(screenPixel(20, 14), 0xFF0000u);
     XCloseDisplay(other);
 }
 

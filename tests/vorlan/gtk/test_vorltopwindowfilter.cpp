@@ -7,7 +7,7 @@
 #include "gtk/vorlwindowtree.h"
 #include "gtk/vorlxwindow.h"
 #include "support/gtk_helpers.h"
-#include "support/window_objects.h"
+#include "support/window_checks.h"
 
 #include <gdk/gdkx.h>
 
@@ -19,10 +19,7 @@ namespace {
 
 WindowOptions Top()
 {
-    WindowOptions options;
-    options.style = WS_OVERLAPPEDWINDOW;
-    options.rcWindow = {100, 100, 300, 250};
-    return options;
+    return ObjectSpec(nullptr, WS_OVERLAPPEDWINDOW, {100, 100, 300, 250}, true);
 }
 
 XEvent TakeFocus(XID window, Atom protocol)
@@ -64,47 +61,36 @@ DWORD Flags(HWND hWnd)
 
 } // namespace
 
-TEST(TopWindowFilter, TakeFocusIsTaken)
-{
-    TestWindow top(Top());
-    EXPECT_EQ(Filter(TakeFocus(top.xid(), vorlan::g_wm_take_focus), top.hwnd()), GDK_FILTER_REMOVE);
-    EXPECT_EQ(Filter(TakeFocus(top.xid(), vorlan::g_wm_delete_window), top.hwnd()), GDK_FILTER_CONTINUE);
-}
-
-TEST(TopWindowFilter, SkipFlagSwallowsOneTakeFocus)
-{
-    TestWindow top(Top());
-    SetWindowLongW(top.hwnd(), GWL_VORLFLAGS, WF_SKIPTAKEFOCUS);
-    EXPECT_EQ(Filter(TakeFocus(top.xid(), vorlan::g_wm_take_focus), top.hwnd()), GDK_FILTER_REMOVE);
-    EXPECT_EQ(Flags(top.hwnd()) & WF_SKIPTAKEFOCUS, 0u);
-}
-
-TEST(TopWindowFilter, FocusEventsNeverReachGdk)
-{
-    TestWindow top(Top());
-    EXPECT_EQ(Filter(Focus(FocusIn, top.xid()), top.hwnd()), GDK_FILTER_REMOVE);
-    EXPECT_EQ(Filter(Focus(FocusOut, top.xid()), top.hwnd()), GDK_FILTER_REMOVE);
-    vorlan::g_vorlData.bPopupMenuRunning = TRUE;
-    EXPECT_EQ(Filter(Focus(FocusOut, top.xid()), top.hwnd()), GDK_FILTER_CONTINUE);
-    vorlan::g_vorlData.bPopupMenuRunning = FALSE;
-}
-
-TEST(TopWindowFilter, OtherWindowsAndEventsContinue)
+TEST(TopWindowFilter, TakesTakeFocusAndFocusEventsOfItsWindowAndPassesTheRest)
 {
     TestWindow top(Top());
     TestWindow other(Top());
+    const XID xid = top.xid();
+    EXPECT_EQ(Filter(TakeFocus(xid, vorlan::g_wm_take_focus), top.hwnd()), GDK_FILTER_REMOVE);
+    EXPECT_EQ(Filter(TakeFocus(xid, vorlan::g_wm_delete_window), top.hwnd()), GDK_FILTER_CONTINUE);
+    // The skip flag swallows one WM_TAKE_FOCUS and is used up.
+    SetWindowLongW(top.hwnd(), GWL_VORLFLAGS, WF_SKIPTAKEFOCUS);
+    EXPECT_EQ(Filter(TakeFocus(xid, vorlan::g_wm_take_focus), top.hwnd()), GDK_FILTER_REMOVE);
+    EXPECT_EQ(Flags(top.hwnd()) & WF_SKIPTAKEFOCUS, 0u);
+
+    // Focus events never reach GDK, unless a popup menu runs.
+    EXPECT_EQ(Filter(Focus(FocusIn, xid), top.hwnd()), GDK_FILTER_REMOVE);
+    EXPECT_EQ(Filter(Focus(FocusOut, xid), top.hwnd()), GDK_FILTER_REMOVE);
+    vorlan::g_vorlData.bPopupMenuRunning = TRUE;
+    EXPECT_EQ(Filter(Focus(FocusOut, xid), top.hwnd()), GDK_FILTER_CONTINUE);
+    vorlan::g_vorlData.bPopupMenuRunning = FALSE;
+
     EXPECT_EQ(Filter(Focus(FocusIn, other.xid()), top.hwnd()), GDK_FILTER_CONTINUE);
     XEvent key = {};
     key.xkey.type = KeyPress;
-    key.xkey.window = top.xid();
+    key.xkey.window = xid;
     EXPECT_EQ(Filter(key, top.hwnd()), GDK_FILTER_CONTINUE);
-    const XID stale = top.xid();
     HWND dead = top.hwnd();
     {
         TestWindow gone(Top());
         dead = gone.hwnd();
     }
-    EXPECT_EQ(Filter(Focus(FocusIn, stale), dead), GDK_FILTER_CONTINUE);
+    EXPECT_EQ(Filter(Focus(FocusIn, xid), dead), GDK_FILTER_CONTINUE);
 }
 
 // The filter installed by SetWMInputMode sees a WM_TAKE_FOCUS that the
@@ -146,11 +132,7 @@ TEST(ThreadWindows, WindowsOfAnEndingThreadGo)
         workerWindow = top->window;
     });
     worker.join();
-    WindowOptions adoptedOptions;
-    adoptedOptions.parent = workerChild;
-    adoptedOptions.style = WS_CHILD;
-    adoptedOptions.withXWindow = false;
-    TestWindow below(adoptedOptions);
+    TestWindow below(ObjectSpec(workerChild, WS_CHILD));
     adopted = below.hwnd();
     {
         vorlan::GtkCriticalSection lock;

@@ -10,41 +10,24 @@
 #include "support/child_process.h"
 #include "support/gtk_helpers.h"
 #include "support/message_recorder.h"
-
-#include <gdk/gdkx.h>
-#include <X11/Xutil.h>
+#include "support/window_checks.h"
 
 #include <cstdlib>
 #include <thread>
 
-using vorlan_test::MessageRecorder;
+using namespace vorlan_test;
 using Seq = std::vector<std::string>;
 
 namespace {
 
 constexpr DWORD kVisibleChild = WS_CHILD | WS_VISIBLE;
 
-XID XidOf(HWND hwnd)
-{
-    vorlan::GtkCriticalSection lock;
-    GdkWindow *window = GetGdkWindow(hwnd);
-    return window != nullptr ? GDK_WINDOW_XID(window) : 0;
-}
-
 bool XWindowExists(XID xid)
 {
     vorlan::GtkCriticalSection lock;
     vorlan::TemporaryXErrorHandler trap;
     XWindowAttributes attributes;
-    return XGetWindowAttributes(vorlan_test::XDisplay(), xid, &attributes) != 0;
-}
-
-XID TransientFor(XID xid)
-{
-    vorlan::GtkCriticalSection lock;
-    ::Window target = 0;
-    XGetTransientForHint(vorlan_test::XDisplay(), xid, &target);
-    return target;
+    return XGetWindowAttributes(XDisplay(), xid, &attributes) != 0;
 }
 
 // The creation messages of interest, without the default procedure's
@@ -54,80 +37,50 @@ const std::vector<UINT> kLifecycle = {WM_NCCREATE, WM_NCCALCSIZE, WM_CREATE,  WM
 
 } // namespace
 
-TEST(WindowCreation, ChildMessagesComeInOrderAndParentHearsBeforeShow)
+TEST(WindowCreation, ChildMessagesComeInOrderWithTheArgumentsAsGivenAndParentHearsBeforeShow)
 {
     MessageRecorder recorder("VorlanLifecycleOrder");
-    const HWND parent = recorder.Create(WS_POPUP, 10, 10, 200, 150);
-    ASSERT_NE(parent, nullptr);
-    recorder.Clear();
-    const HWND child = recorder.Create(kVisibleChild, 5, 6, 50, 40, parent, 0, 77);
-    ASSERT_NE(child, nullptr);
-    EXPECT_EQ(recorder.Sequence({parent, child}, kLifecycle),
-              (Seq{"1:NCCREATE", "1:NCCALCSIZE", "1:CREATE", "1:SIZE", "1:MOVE", "0:PARENTNOTIFY", "1:SHOWWINDOW"}));
-    const auto notice = recorder.Of(parent, WM_PARENTNOTIFY);
-    ASSERT_EQ(notice.size(), 1u);
-    EXPECT_EQ(notice[0].wParam, MAKEWPARAM(WM_CREATE, 77));
-    EXPECT_EQ(notice[0].lParam, reinterpret_cast<LPARAM>(child));
-    const auto size = recorder.Of(child, WM_SIZE);
-    EXPECT_EQ(size[0].lParam, MAKELPARAM(50, 40));
-    EXPECT_EQ(recorder.Of(child, WM_MOVE)[0].lParam, MAKELPARAM(5, 6));
-    EXPECT_EQ(GetWindowLongPtrW(child, GWLP_ID), 77);
-}
-
-TEST(WindowCreation, TopLevelWindowGetsSizeAndMoveAtFirstShow)
-{
-    MessageRecorder recorder("VorlanLifecycleTopLevel");
-    const HWND hwnd = recorder.Create(WS_POPUP, 30, 40, 120, 80);
-    ASSERT_NE(hwnd, nullptr);
-    EXPECT_EQ(recorder.Sequence({hwnd}, kLifecycle), (Seq{"0:NCCREATE", "0:NCCALCSIZE", "0:CREATE"}));
-    recorder.Clear();
-    ShowWindow(hwnd, SW_SHOWNA);
-    EXPECT_EQ(recorder.Sequence({hwnd}, kLifecycle), (Seq{"0:SIZE", "0:MOVE", "0:SHOWWINDOW"}));
-    EXPECT_EQ(recorder.Of(hwnd, WM_MOVE)[0].lParam, MAKELPARAM(30, 40));
-    recorder.Clear();
-    ShowWindow(hwnd, SW_HIDE);
-    ShowWindow(hwnd, SW_SHOWNA);
-    EXPECT_EQ(recorder.Sequence({hwnd}, kLifecycle), (Seq{"0:SHOWWINDOW", "0:SHOWWINDOW"}));
-}
-
-TEST(WindowCreation, CreateStructCarriesTheArgumentsAsGiven)
-{
-    MessageRecorder recorder("VorlanLifecycleCreateStruct");
     CREATESTRUCTW seen = {};
     recorder.Answer(WM_CREATE, [&](HWND, WPARAM, LPARAM lParam) {
         seen = *reinterpret_cast<CREATESTRUCTW *>(lParam);
         return 0;
     });
+    const HWND parent = recorder.Create(WS_POPUP, 10, 10, 200, 150);
+    ASSERT_NE(parent, nullptr);
+    recorder.Clear();
     int cookie = 0;
-    const HWND hwnd = CreateWindowExW(WS_EX_TOOLWINDOW, recorder.wideClassName(), reinterpret_cast<LPCWSTR>(u"T"),
-                                      WS_POPUP, 1, 2, 3, 4, nullptr, nullptr, nullptr, &cookie);
-    ASSERT_NE(hwnd, nullptr);
+    const HWND child = CreateWindowExW(WS_EX_TOOLWINDOW, recorder.wideClassName(), reinterpret_cast<LPCWSTR>(u"T"),
+                                       kVisibleChild, 5, 6, 50, 40, parent, reinterpret_cast<HMENU>(77), nullptr,
+                                       &cookie);
+    ASSERT_NE(child, nullptr);
+    EXPECT_EQ(recorder.Sequence({parent, child}, kLifecycle),
+              (Seq{"1:NCCREATE", "1:NCCALCSIZE", "1:CREATE", "1:SIZE", "1:MOVE", "0:PARENTNOTIFY", "1:SHOWWINDOW"}));
     EXPECT_EQ(seen.lpCreateParams, &cookie);
-    EXPECT_EQ(seen.x, 1);
-    EXPECT_EQ(seen.y, 2);
-    EXPECT_EQ(seen.cx, 3);
-    EXPECT_EQ(seen.cy, 4);
+    EXPECT_TRUE(seen.x == 5 && seen.y == 6 && seen.cx == 50 && seen.cy == 40);
     EXPECT_EQ(seen.dwExStyle, DWORD(WS_EX_TOOLWINDOW));
     EXPECT_EQ(seen.lpszClass, recorder.wideClassName());
-    EXPECT_EQ(DestroyWindow(hwnd), TRUE);
+    const auto notice = recorder.Of(parent, WM_PARENTNOTIFY);
+    ASSERT_EQ(notice.size(), 1u);
+    EXPECT_EQ(notice[0].wParam, MAKEWPARAM(WM_CREATE, 77));
+    EXPECT_EQ(notice[0].lParam, reinterpret_cast<LPARAM>(child));
+    EXPECT_EQ(recorder.Of(child, WM_SIZE)[0].lParam, MAKELPARAM(50, 40));
+    EXPECT_EQ(recorder.Of(child, WM_MOVE)[0].lParam, MAKELPARAM(5, 6));
+    EXPECT_EQ(GetWindowLongPtrW(child, GWLP_ID), 77);
 }
 
 TEST(WindowCreation, BadArgumentsFailWithTheirErrors)
 {
-    SetLastError(0);
-    EXPECT_EQ(CreateWindowExW(0, reinterpret_cast<LPCWSTR>(u"NoOneRegisteredThis"), nullptr, WS_POPUP, 0, 0, 10,
-                              10, nullptr, nullptr, nullptr, nullptr),
-              nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_CANNOT_FIND_WND_CLASS));
-    EXPECT_EQ(CreateWindowExA(0, nullptr, nullptr, WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr),
-              nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    EXPECT_TRUE(FailsWith(ERROR_CANNOT_FIND_WND_CLASS, nullptr, [] {
+        return CreateWindowExW(0, reinterpret_cast<LPCWSTR>(u"NoOneRegisteredThis"), nullptr, WS_POPUP, 0, 0, 10,
+                               10, nullptr, nullptr, nullptr, nullptr);
+    }));
+    EXPECT_TRUE(FailsWith(87, nullptr, [] {
+        return CreateWindowExA(0, nullptr, nullptr, WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+    }));
+    // A child needs a parent that exists.
     MessageRecorder recorder("VorlanLifecycleBadParent");
-    const HWND stale = reinterpret_cast<HWND>(static_cast<ULONG_PTR>(0x4D726577 + 60000));
-    EXPECT_EQ(recorder.Create(WS_CHILD, 0, 0, 10, 10, stale), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-    EXPECT_EQ(recorder.Create(WS_CHILD, 0, 0, 10, 10, nullptr), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(1400, nullptr, [&] { return recorder.Create(WS_CHILD, 0, 0, 10, 10, FakeHwnd(60000)); }));
+    EXPECT_TRUE(FailsWith(1400, nullptr, [&] { return recorder.Create(WS_CHILD, 0, 0, 10, 10, nullptr); }));
     EXPECT_TRUE(recorder.messages().empty());
 }
 
@@ -157,19 +110,6 @@ TEST(WindowCreation, RefusalsAndSelfDestructionReturnZero)
     EXPECT_TRUE(recorder.Saw(recorder.messages().front().hwnd, WM_NCDESTROY));
 }
 
-TEST(WindowCreation, PopupWithChildAsParentIsOwnedByTheRootAndTransientForIt)
-{
-    MessageRecorder recorder("VorlanLifecycleOwner");
-    const HWND top = recorder.Create(WS_POPUP | WS_VISIBLE, 0, 0, 100, 100);
-    const HWND child = recorder.Create(kVisibleChild, 0, 0, 50, 50, top);
-    const HWND popup = recorder.Create(WS_POPUP, 0, 0, 30, 30, child);
-    ASSERT_NE(popup, nullptr);
-    EXPECT_EQ(GetAncestor(popup, GA_PARENT), GetDesktopWindow());
-    EXPECT_EQ(GetWindow(popup, GW_OWNER), top);
-    EXPECT_EQ(GetParent(popup), top);
-    EXPECT_EQ(TransientFor(XidOf(popup)), XidOf(top));
-}
-
 TEST(WindowCreation, UseDefaultPositionStopsTheProcess)
 {
     if (std::getenv("VORLAN_TEST_USEDEFAULT") != nullptr) {
@@ -178,14 +118,35 @@ TEST(WindowCreation, UseDefaultPositionStopsTheProcess)
         std::puts("survived");
         return;
     }
-    vorlan_test::ChildOptions options;
+    ChildOptions options;
     options.path = "/proc/self/exe";
     options.argv = {"vorlan_tests", "--gtest_filter=WindowCreation.UseDefaultPositionStopsTheProcess"};
     options.environment["VORLAN_TEST_USEDEFAULT"] = "1";
-    const vorlan_test::ChildResult result = vorlan_test::RunChild(options);
+    const ChildResult result = RunChild(options);
     EXPECT_FALSE(result.exited && result.exitStatus == 0) << result.Transcript();
     EXPECT_EQ(result.out.find("survived"), std::string::npos);
     EXPECT_NE(result.Transcript().find("x != CW_USEDEFAULT"), std::string::npos) << result.Transcript();
+}
+
+TEST(WindowShowing, TopLevelWindowGetsSizeAndMoveAtFirstShowAndChildrenFollowTheirAncestors)
+{
+    MessageRecorder recorder("VorlanShowTopLevel");
+    const HWND hwnd = recorder.Create(WS_POPUP, 30, 40, 120, 80);
+    ASSERT_NE(hwnd, nullptr);
+    EXPECT_EQ(recorder.Sequence({hwnd}, kLifecycle), (Seq{"0:NCCREATE", "0:NCCALCSIZE", "0:CREATE"}));
+    const HWND child = recorder.Create(kVisibleChild, 0, 0, 50, 50, hwnd);
+    EXPECT_EQ(GetWindowLongW(child, GWL_STYLE) & WS_VISIBLE, LONG(WS_VISIBLE));
+    EXPECT_FALSE(IsWindowVisible(child));
+    recorder.Clear();
+    ShowWindow(hwnd, SW_SHOWNA);
+    EXPECT_EQ(recorder.Sequence({hwnd, child}, kLifecycle), (Seq{"0:SIZE", "0:MOVE", "0:SHOWWINDOW"}));
+    EXPECT_EQ(recorder.Of(hwnd, WM_MOVE)[0].lParam, MAKELPARAM(30, 40));
+    EXPECT_TRUE(IsWindowVisible(child));
+    EXPECT_TRUE(PumpUntil([&] { return XWindowViewable(XidOf(child)); }));
+    recorder.Clear();
+    ShowWindow(hwnd, SW_HIDE);
+    ShowWindow(hwnd, SW_SHOWNA);
+    EXPECT_EQ(recorder.Sequence({hwnd, child}, kLifecycle), (Seq{"0:SHOWWINDOW", "0:SHOWWINDOW"}));
 }
 
 TEST(WindowShowing, MinimizeShowsWithoutIconifyingAndReturnsPreviousVisibility)
@@ -198,27 +159,10 @@ TEST(WindowShowing, MinimizeShowsWithoutIconifyingAndReturnsPreviousVisibility)
     EXPECT_TRUE(ShowWindow(hwnd, SW_HIDE));
     EXPECT_FALSE(IsWindowVisible(hwnd));
     EXPECT_FALSE(ShowWindow(GetDesktopWindow(), SW_HIDE));
-    SetLastError(0);
-    EXPECT_FALSE(ShowWindow(reinterpret_cast<HWND>(static_cast<ULONG_PTR>(0x99)), SW_SHOW));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [] { return ShowWindow(reinterpret_cast<HWND>(ULONG_PTR(0x99)), SW_SHOW); }));
 }
 
-TEST(WindowShowing, ChildVisibilityFollowsAncestors)
-{
-    MessageRecorder recorder("VorlanShowAncestors");
-    const HWND top = recorder.Create(WS_POPUP, 0, 0, 100, 100);
-    const HWND child = recorder.Create(kVisibleChild, 0, 0, 50, 50, top);
-    EXPECT_EQ(GetWindowLongW(child, GWL_STYLE) & WS_VISIBLE, LONG(WS_VISIBLE));
-    EXPECT_FALSE(IsWindowVisible(child));
-    ShowWindow(top, SW_SHOWNA);
-    EXPECT_TRUE(IsWindowVisible(child));
-    EXPECT_TRUE(vorlan_test::PumpUntil([&] {
-        vorlan::GtkCriticalSection lock;
-        return gdk_window_is_viewable(GetGdkWindow(child)) != FALSE;
-    }));
-}
-
-TEST(WindowDestruction, OwnedWindowsGoFirstThenDestroyParentFirstAndNcDestroyChildrenFirst)
+TEST(WindowDestruction, OwnedWindowsGoFirstThenDestroyParentFirstNcDestroyChildrenFirstAndTheParentIsTold)
 {
     MessageRecorder recorder("VorlanDestroyOrder");
     const HWND top = recorder.Create(WS_POPUP | WS_VISIBLE, 0, 0, 100, 100);
@@ -236,29 +180,25 @@ TEST(WindowDestruction, OwnedWindowsGoFirstThenDestroyParentFirstAndNcDestroyChi
         EXPECT_FALSE(IsWindow(hwnd));
     EXPECT_FALSE(XWindowExists(topXid));
     EXPECT_FALSE(XWindowExists(childXid));
-}
 
-TEST(WindowDestruction, ChildTellsItsParentAndLeavesTheSiblingList)
-{
-    MessageRecorder recorder("VorlanDestroyChild");
-    const HWND top = recorder.Create(WS_POPUP, 0, 0, 100, 100);
-    const HWND first = recorder.Create(WS_CHILD, 0, 0, 10, 10, top, 0, 5);
-    const HWND second = recorder.Create(WS_CHILD, 0, 0, 10, 10, top, WS_EX_NOPARENTNOTIFY, 6);
+    // A child tells its parent, unless WS_EX_NOPARENTNOTIFY, and leaves the
+    // sibling list.
+    const HWND parent = recorder.Create(WS_POPUP, 0, 0, 100, 100);
+    const HWND first = recorder.Create(WS_CHILD, 0, 0, 10, 10, parent, 0, 5);
+    const HWND second = recorder.Create(WS_CHILD, 0, 0, 10, 10, parent, WS_EX_NOPARENTNOTIFY, 6);
     recorder.Clear();
     EXPECT_TRUE(DestroyWindow(first));
     EXPECT_TRUE(DestroyWindow(second));
-    const auto notices = recorder.Of(top, WM_PARENTNOTIFY);
+    const auto notices = recorder.Of(parent, WM_PARENTNOTIFY);
     ASSERT_EQ(notices.size(), 1u);
     EXPECT_EQ(notices[0].wParam, MAKEWPARAM(WM_DESTROY, 5));
-    EXPECT_EQ(GetWindow(top, GW_CHILD), nullptr);
+    EXPECT_EQ(GetWindow(parent, GW_CHILD), nullptr);
 }
 
 TEST(WindowDestruction, RefusesDesktopOtherThreadsAndBadHandles)
 {
-    EXPECT_FALSE(DestroyWindow(GetDesktopWindow()));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_ACCESS_DENIED));
-    EXPECT_FALSE(DestroyWindow(nullptr));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(ERROR_ACCESS_DENIED, FALSE, [] { return DestroyWindow(GetDesktopWindow()); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [] { return DestroyWindow(nullptr); }));
     MessageRecorder recorder("VorlanDestroyOtherThread");
     const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 10, 10);
     BOOL result = TRUE;
@@ -270,13 +210,4 @@ TEST(WindowDestruction, RefusesDesktopOtherThreadsAndBadHandles)
     EXPECT_FALSE(result);
     EXPECT_EQ(error, DWORD(ERROR_ACCESS_DENIED));
     EXPECT_TRUE(IsWindow(hwnd));
-}
-
-TEST(WindowDestruction, CloseMessageDestroysThroughTheDefaultProcedure)
-{
-    MessageRecorder recorder("VorlanDestroyClose");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 10, 10);
-    SendMessageW(hwnd, WM_CLOSE, 0, 0);
-    EXPECT_FALSE(IsWindow(hwnd));
-    EXPECT_TRUE(recorder.Saw(hwnd, WM_NCDESTROY));
 }

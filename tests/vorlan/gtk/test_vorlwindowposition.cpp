@@ -5,17 +5,17 @@
 
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlwindow.h"
-#include "gtk/vorlxwindow.h"
 #include "support/gtk_helpers.h"
 #include "support/message_recorder.h"
+#include "support/window_checks.h"
 
-#include <gdk/gdkx.h>
 #include <X11/Xlib.h>
 
 #include <algorithm>
+#include <functional>
 #include <vector>
 
-using vorlan_test::MessageRecorder;
+using namespace vorlan_test;
 using Seq = std::vector<std::string>;
 
 namespace {
@@ -23,91 +23,52 @@ namespace {
 const std::vector<UINT> kPositionMessages = {WM_WINDOWPOSCHANGING, WM_NCCALCSIZE, WM_WINDOWPOSCHANGED, WM_MOVE,
                                              WM_SIZE};
 
-XID XidOf(HWND hwnd)
+// The window's rectangle in its parent's client coordinates.
+RECT RectInParent(HWND hwnd)
 {
-    vorlan::GtkCriticalSection lock;
-    GdkWindow *window = GetGdkWindow(hwnd);
-    return window != nullptr ? GDK_WINDOW_XID(window) : 0;
+    RECT rect = WindowRectOf(hwnd);
+    MapWindowPoints(nullptr, GetAncestor(hwnd, GA_PARENT), reinterpret_cast<POINT *>(&rect), 2);
+    return rect;
 }
 
-// The X window's rectangle relative to its X parent.
-RECT XGeometry(XID xid)
-{
-    vorlan::GtkCriticalSection lock;
-    ::Window root;
-    int x = 0, y = 0;
-    unsigned width = 0, height = 0, border = 0, depth = 0;
-    XGetGeometry(vorlan_test::XDisplay(), xid, &root, &x, &y, &width, &height, &border, &depth);
-    return RECT{x, y, x + int(width), y + int(height)};
-}
-
-// The X window's rectangle on the screen.
-RECT XScreenRect(XID xid)
-{
-    const RECT local = XGeometry(xid);
-    vorlan::GtkCriticalSection lock;
-    Display *display = vorlan_test::XDisplay();
-    int x = 0, y = 0;
-    ::Window child;
-    XTranslateCoordinates(display, xid, DefaultRootWindow(display), 0, 0, &x, &y, &child);
-    return RECT{x, y, x + local.right - local.left, y + local.bottom - local.top};
-}
-
-// The X children of a window that are among `windows`, bottom first.
-std::vector<XID> XStacking(XID parent, const std::vector<XID> &windows)
-{
-    vorlan::GtkCriticalSection lock;
-    ::Window root, xparent, *children = nullptr;
-    unsigned count = 0;
-    XQueryTree(vorlan_test::XDisplay(), parent, &root, &xparent, &children, &count);
-    std::vector<XID> order;
-    for (unsigned i = 0; i < count; ++i)
-        if (std::find(windows.begin(), windows.end(), children[i]) != windows.end())
-            order.push_back(children[i]);
-    if (children != nullptr)
-        XFree(children);
-    return order;
-}
-
-// The window's children in list order.
-std::vector<HWND> ChildList(HWND parent)
+// Checks that the parent's child list has the order given and that X
+// stacks their X windows the same way: the first in the list lowest.
+void ExpectOrder(HWND parent, const std::vector<HWND> &expected)
 {
     std::vector<HWND> list;
     for (HWND child = GetWindow(parent, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
         list.push_back(child);
-    return list;
+    EXPECT_EQ(list, expected);
+
+    std::vector<XID> wanted, stacking;
+    for (HWND hwnd : expected)
+        wanted.push_back(XidOf(hwnd));
+    vorlan::GtkCriticalSection lock;
+    ::Window root, xparent, *children = nullptr;
+    unsigned count = 0;
+    XQueryTree(XDisplay(), XidOf(parent), &root, &xparent, &children, &count);
+    for (unsigned i = 0; i < count; ++i)
+        if (std::find(wanted.begin(), wanted.end(), children[i]) != wanted.end())
+            stacking.push_back(children[i]);
+    if (children != nullptr)
+        XFree(children);
+    EXPECT_EQ(stacking, wanted) << "X stacking";
 }
 
-std::vector<XID> Xids(const std::vector<HWND> &windows)
+void FlushLibraryConnection()
 {
-    std::vector<XID> xids;
-    for (HWND hwnd : windows)
-        xids.push_back(XidOf(hwnd));
-    return xids;
-}
-
-::testing::AssertionResult SameRect(const RECT &actual, const RECT &expected)
-{
-    if (EqualRect(&actual, &expected))
-        return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure() << "(" << actual.left << "," << actual.top << ")-(" << actual.right << ","
-                                         << actual.bottom << ") instead of (" << expected.left << "," << expected.top
-                                         << ")-(" << expected.right << "," << expected.bottom << ")";
-}
-
-RECT WindowRect(HWND hwnd)
-{
-    RECT rect = {};
-    GetWindowRect(hwnd, &rect);
-    return rect;
+    vorlan::GtkCriticalSection lock;
+    XSync(XDisplay(), False);
 }
 
 // A connection of the test's own that hears structure events of one
 // window: what the X server did, whatever the library's connection thinks.
+// It hears only what the library asks for after it was made.
 class StructureWatch {
 public:
     explicit StructureWatch(XID xid) : m_display(XOpenDisplay(nullptr)), m_xid(xid)
     {
+        FlushLibraryConnection();
         XSelectInput(m_display, xid, StructureNotifyMask);
         XSync(m_display, False);
     }
@@ -115,9 +76,10 @@ public:
     StructureWatch(const StructureWatch &) = delete;
     StructureWatch &operator=(const StructureWatch &) = delete;
 
-    // The types of the events that arrived so far.
+    // The types of the events that arrived since the last call.
     std::vector<int> Events()
     {
+        FlushLibraryConnection();
         XSync(m_display, False);
         std::vector<int> types;
         while (XPending(m_display) > 0) {
@@ -134,25 +96,24 @@ private:
     XID m_xid;
 };
 
-void FlushLibraryConnection()
+// Waits until the window manager has mapped the X window, where it chose
+// to place it, and its place on the screen is `expected()`.
+::testing::AssertionResult XFollows(XID xid, const std::function<RECT()> &expected)
 {
-    vorlan::GtkCriticalSection lock;
-    XSync(vorlan_test::XDisplay(), False);
+    PumpUntil([&] { return XWindowViewable(xid); });
+    RECT x = {}, wanted = {};
+    if (PumpUntil([&] {
+            x = XScreenRect(xid);
+            wanted = expected();
+            return EqualRect(&x, &wanted) != FALSE;
+        }))
+        return ::testing::AssertionSuccess();
+    return SameRect(x, wanted);
 }
 
 } // namespace
 
-TEST(WindowPositioning, PresentPositionSendsOnlyTheChangingMessage)
-{
-    MessageRecorder recorder("VorlanPosPresent");
-    const HWND top = recorder.Create(WS_POPUP, 50, 60, 200, 150);
-    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 10, 20, 30, 40, top);
-    recorder.Clear();
-    EXPECT_TRUE(SetWindowPos(child, nullptr, 10, 20, 30, 40, SWP_NOZORDER));
-    EXPECT_EQ(recorder.Sequence({child}, kPositionMessages), (Seq{"0:POSCHANGING"}));
-}
-
-TEST(WindowPositioning, ResizeSendsChangingCalcSizeChangedThenMoveAndSize)
+TEST(WindowPositioning, MessagesOfSetWindowPosDependOnWhatChanges)
 {
     MessageRecorder recorder("VorlanPosResize");
     const HWND top = recorder.Create(WS_POPUP, 50, 60, 200, 150);
@@ -163,18 +124,18 @@ TEST(WindowPositioning, ResizeSendsChangingCalcSizeChangedThenMoveAndSize)
         return DefWindowProcW(hwnd, WM_WINDOWPOSCHANGED, wParam, lParam);
     });
     recorder.Clear();
+    // The present position: only the changing message.
+    EXPECT_TRUE(SetWindowPos(child, nullptr, 10, 20, 30, 40, SWP_NOZORDER));
+    EXPECT_EQ(recorder.Sequence({child}, kPositionMessages), (Seq{"0:POSCHANGING"}));
+
+    recorder.Clear();
     EXPECT_TRUE(SetWindowPos(child, nullptr, 12, 24, 70, 45, SWP_NOZORDER));
     EXPECT_EQ(recorder.Sequence({child}, kPositionMessages),
               (Seq{"0:POSCHANGING", "0:NCCALCSIZE", "0:POSCHANGED", "0:MOVE", "0:SIZE"}));
     EXPECT_EQ(recorder.Of(child, WM_SIZE)[0].lParam, MAKELPARAM(70, 45));
     EXPECT_EQ(recorder.Of(child, WM_MOVE)[0].lParam, MAKELPARAM(12, 24));
-    EXPECT_TRUE(SameRect(WindowRect(child), RECT{62, 84, 132, 129}));
-    const auto changed = recorder.Of(child, WM_WINDOWPOSCHANGED);
-    ASSERT_EQ(changed.size(), 1u);
-    EXPECT_EQ(changedPos.x, 12);
-    EXPECT_EQ(changedPos.y, 24);
-    EXPECT_EQ(changedPos.cx, 70);
-    EXPECT_EQ(changedPos.cy, 45);
+    EXPECT_TRUE(SameRect(WindowRectOf(child), RECT{62, 84, 132, 129}));
+    EXPECT_TRUE(changedPos.x == 12 && changedPos.y == 24 && changedPos.cx == 70 && changedPos.cy == 45);
 
     // A resize in place keeps the client's origin: no WM_MOVE.
     recorder.Clear();
@@ -186,6 +147,16 @@ TEST(WindowPositioning, ResizeSendsChangingCalcSizeChangedThenMoveAndSize)
     recorder.Clear();
     EXPECT_TRUE(SetWindowPos(child, nullptr, 1, 2, 0, 0, SWP_NOZORDER | SWP_NOSIZE));
     EXPECT_EQ(recorder.Sequence({child}, kPositionMessages), (Seq{"0:POSCHANGING", "0:POSCHANGED", "0:MOVE"}));
+
+    // Negative sizes count as empty; X still gets a window of at least 1x1.
+    EXPECT_TRUE(SetWindowPos(child, nullptr, 10, 10, -5, -7, SWP_NOZORDER));
+    EXPECT_TRUE(SameRect(RectInParent(child), RECT{10, 10, 10, 10}));
+    RECT client = {1, 1, 1, 1};
+    EXPECT_TRUE(GetClientRect(child, &client));
+    EXPECT_TRUE(SameRect(client, RECT{0, 0, 0, 0}));
+    const RECT x = XGeometry(XidOf(child));
+    EXPECT_GE(x.right - x.left, 1);
+    EXPECT_GE(x.bottom - x.top, 1);
 }
 
 TEST(WindowPositioning, ChangingMessageSeesNoInsertAfterAndMayMoveTheWindowElsewhere)
@@ -207,9 +178,7 @@ TEST(WindowPositioning, ChangingMessageSeesNoInsertAfterAndMayMoveTheWindowElsew
     EXPECT_EQ(seen.hwndInsertAfter, nullptr);
     EXPECT_EQ(seen.x, 5);
     EXPECT_EQ(seen.cy, 8);
-    RECT rect = WindowRect(child);
-    MapWindowPoints(nullptr, top, reinterpret_cast<POINT *>(&rect), 2);
-    EXPECT_TRUE(SameRect(rect, RECT{33, 6, 44, 14}));
+    EXPECT_TRUE(SameRect(RectInParent(child), RECT{33, 6, 44, 14}));
     EXPECT_TRUE(SameRect(XGeometry(XidOf(child)), RECT{33, 6, 44, 14}));
 }
 
@@ -220,55 +189,34 @@ TEST(WindowPositioning, MovingAParentCarriesItsChildrenAlong)
     const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 10, 10, 100, 100, top);
     const HWND grandchild = recorder.Create(WS_CHILD | WS_VISIBLE, 5, 5, 20, 20, child);
     MoveWindow(top, 150, 130, 200, 150, FALSE);
-    EXPECT_TRUE(SameRect(WindowRect(child), RECT{160, 140, 260, 240}));
-    EXPECT_TRUE(SameRect(WindowRect(grandchild), RECT{165, 145, 185, 165}));
+    EXPECT_TRUE(SameRect(WindowRectOf(child), RECT{160, 140, 260, 240}));
+    EXPECT_TRUE(SameRect(WindowRectOf(grandchild), RECT{165, 145, 185, 165}));
     POINT origin = {0, 0};
     ClientToScreen(grandchild, &origin);
-    EXPECT_EQ(origin.x, 165);
-    EXPECT_EQ(origin.y, 145);
+    EXPECT_TRUE(origin.x == 165 && origin.y == 145) << origin.x << "," << origin.y;
     // X keeps children relative to their parents.
     EXPECT_TRUE(SameRect(XGeometry(XidOf(grandchild)), RECT{5, 5, 25, 25}));
 }
 
-TEST(WindowPositioning, NegativeSizesCountAsEmpty)
-{
-    MessageRecorder recorder("VorlanPosNegative");
-    const HWND top = recorder.Create(WS_POPUP, 0, 0, 200, 150);
-    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 10, 10, 30, 30, top);
-    EXPECT_TRUE(SetWindowPos(child, nullptr, 10, 10, -5, -7, SWP_NOZORDER));
-    EXPECT_TRUE(SameRect(WindowRect(child), RECT{10, 10, 10, 10}));
-    RECT client = {1, 1, 1, 1};
-    EXPECT_TRUE(GetClientRect(child, &client));
-    EXPECT_TRUE(SameRect(client, RECT{0, 0, 0, 0}));
-    const RECT x = XGeometry(XidOf(child));
-    EXPECT_GE(x.right - x.left, 1);
-    EXPECT_GE(x.bottom - x.top, 1);
-}
-
 TEST(WindowPositioning, DesktopAndDeadWindowsAreRefused)
 {
-    SetLastError(0);
-    EXPECT_FALSE(SetWindowPos(GetDesktopWindow(), nullptr, 0, 0, 10, 10, SWP_NOZORDER));
-    EXPECT_EQ(GetLastError(), 0u);
-    const HWND bad = vorlan_test::FakeHwnd(60001);
-    EXPECT_FALSE(SetWindowPos(bad, nullptr, 0, 0, 10, 10, 0));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    const HWND desktop = GetDesktopWindow();
+    EXPECT_TRUE(FailsWith(0, FALSE, [&] { return SetWindowPos(desktop, nullptr, 0, 0, 10, 10, SWP_NOZORDER); }));
+    const HWND bad = FakeHwnd(60001);
     RECT rect;
     POINT point = {};
-    SetLastError(0);
-    EXPECT_FALSE(GetWindowRect(bad, &rect));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-    EXPECT_FALSE(GetClientRect(bad, &rect));
-    EXPECT_FALSE(ClientToScreen(bad, &point));
-    EXPECT_FALSE(ScreenToClient(bad, &point));
-    EXPECT_EQ(MapWindowPoints(bad, nullptr, &point, 1), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return SetWindowPos(bad, nullptr, 0, 0, 10, 10, 0); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return GetWindowRect(bad, &rect); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return GetClientRect(bad, &rect); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return ClientToScreen(bad, &point); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return ScreenToClient(bad, &point); }));
+    EXPECT_TRUE(FailsWith(1400, 0, [&] { return MapWindowPoints(bad, nullptr, &point, 1); }));
     EXPECT_FALSE(GetWindowPlacement(bad, nullptr));
     EXPECT_FALSE(MoveWindow(bad, 0, 0, 1, 1, TRUE));
     EXPECT_FALSE(BringWindowToTop(bad));
 }
 
-TEST(WindowPositioning, MapWindowPointsPacksTheOffsetAndLeavesSameEndsAlone)
+TEST(WindowPositioning, MapWindowPointsPacksTheOffsetAndPlacementReportsTheShowState)
 {
     MessageRecorder recorder("VorlanPosMap");
     const HWND top = recorder.Create(WS_POPUP, 100, 50, 200, 150);
@@ -277,33 +225,26 @@ TEST(WindowPositioning, MapWindowPointsPacksTheOffsetAndLeavesSameEndsAlone)
     const int packed = MapWindowPoints(child, nullptr, points, 2);
     EXPECT_EQ(LOWORD(packed), 110);
     EXPECT_EQ(HIWORD(packed), 70);
-    EXPECT_EQ(points[1].x, 113);
-    EXPECT_EQ(points[1].y, 74);
+    EXPECT_TRUE(points[1].x == 113 && points[1].y == 74);
     const int back = MapWindowPoints(GetDesktopWindow(), child, points, 2);
     EXPECT_EQ(short(LOWORD(back)), -110);
     EXPECT_EQ(short(HIWORD(back)), -70);
     EXPECT_EQ(points[0].x, 1);
     EXPECT_EQ(MapWindowPoints(child, child, points, 2), 0);
     EXPECT_EQ(points[0].y, 2);
-}
 
-TEST(WindowPositioning, PlacementReportsShowStateAndScreenRectangle)
-{
-    MessageRecorder recorder("VorlanPosPlacement");
-    const HWND hwnd = recorder.Create(WS_POPUP | WS_MAXIMIZE, 7, 8, 20, 30);
+    const HWND maximized = recorder.Create(WS_POPUP | WS_MAXIMIZE, 7, 8, 20, 30);
     WINDOWPLACEMENT placement = {};
     placement.length = sizeof placement;
     placement.ptMinPosition.x = 1234;
-    EXPECT_TRUE(GetWindowPlacement(hwnd, &placement));
+    EXPECT_TRUE(GetWindowPlacement(maximized, &placement));
     EXPECT_EQ(placement.showCmd, UINT(SW_SHOWMAXIMIZED));
     EXPECT_EQ(placement.flags, 0u);
     EXPECT_TRUE(SameRect(placement.rcNormalPosition, RECT{7, 8, 27, 38}));
     EXPECT_EQ(placement.ptMinPosition.x, 1234);
-    EXPECT_TRUE(IsZoomed(hwnd));
-    EXPECT_FALSE(IsIconic(hwnd));
-    SetLastError(0);
-    EXPECT_FALSE(GetWindowPlacement(hwnd, nullptr));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    EXPECT_TRUE(IsZoomed(maximized));
+    EXPECT_FALSE(IsIconic(maximized));
+    EXPECT_TRUE(FailsWith(87, FALSE, [&] { return GetWindowPlacement(maximized, nullptr); }));
 }
 
 TEST(WindowPositioning, HiddenTopLevelWindowGetsItsXGeometryWhenShown)
@@ -316,7 +257,6 @@ TEST(WindowPositioning, HiddenTopLevelWindowGetsItsXGeometryWhenShown)
     MoveWindow(hwnd, 40, 50, 110, 90, FALSE);
     MoveWindow(hwnd, 60, 70, 120, 100, FALSE);
     MoveWindow(hwnd, 80, 90, 130, 110, FALSE);
-    FlushLibraryConnection();
     EXPECT_TRUE(watch.Events().empty());
     EXPECT_TRUE(SameRect(XGeometry(xid), before));
     ShowWindow(hwnd, SW_SHOWNA);
@@ -326,12 +266,8 @@ TEST(WindowPositioning, HiddenTopLevelWindowGetsItsXGeometryWhenShown)
     }
     // The window manager has the last word on where a top-level window
     // goes; whatever it chooses, the window rectangle follows X.
-    EXPECT_TRUE(vorlan_test::PumpUntil([&] {
-        const RECT x = XScreenRect(xid);
-        const RECT window = WindowRect(hwnd);
-        return EqualRect(&x, &window) != FALSE;
-    })) << SameRect(XScreenRect(xid), WindowRect(hwnd)).message();
-    const RECT shown = WindowRect(hwnd);
+    EXPECT_TRUE(XFollows(xid, [&] { return WindowRectOf(hwnd); }));
+    const RECT shown = WindowRectOf(hwnd);
     EXPECT_EQ(shown.right - shown.left, 130);
     EXPECT_EQ(shown.bottom - shown.top, 110);
 }
@@ -341,16 +277,11 @@ TEST(WindowPositioning, ChildCrossingItsParentsLeftEdgeIsRemappedInX)
     MessageRecorder recorder("VorlanPosCrossing");
     const HWND top = recorder.Create(WS_POPUP | WS_VISIBLE, 0, 0, 200, 150);
     const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 10, 10, 50, 50, top);
-    FlushLibraryConnection();
     StructureWatch watch(XidOf(child));
     MoveWindow(child, 20, 15, 50, 50, FALSE);
-    FlushLibraryConnection();
-    const std::vector<int> plainMove = watch.Events();
-    EXPECT_EQ(plainMove, (std::vector<int>{ConfigureNotify}));
+    EXPECT_EQ(watch.Events(), (std::vector<int>{ConfigureNotify}));
     MoveWindow(child, -10, 15, 50, 50, FALSE);
-    FlushLibraryConnection();
-    const std::vector<int> crossing = watch.Events();
-    EXPECT_EQ(crossing, (std::vector<int>{UnmapNotify, ConfigureNotify, MapNotify}));
+    EXPECT_EQ(watch.Events(), (std::vector<int>{UnmapNotify, ConfigureNotify, MapNotify}));
     // The X window is cut at the parent's client edge.
     EXPECT_TRUE(SameRect(XGeometry(XidOf(child)), RECT{0, 15, 40, 65}));
 }
@@ -361,42 +292,33 @@ TEST(WindowPositioning, DecoratedWindowsXWindowIsItsClientPart)
     const HWND hwnd = recorder.Create(WS_OVERLAPPEDWINDOW, 100, 120, 300, 200);
     ShowWindow(hwnd, SW_SHOWNA);
     const XID xid = XidOf(hwnd);
-    RECT client = {};
     auto clientOnScreen = [&] {
+        RECT client = {};
         GetClientRect(hwnd, &client);
         MapWindowPoints(hwnd, nullptr, reinterpret_cast<POINT *>(&client), 2);
         return client;
     };
-    EXPECT_TRUE(vorlan_test::PumpUntil([&] {
-        const RECT onScreen = clientOnScreen();
-        const RECT x = XScreenRect(xid);
-        return EqualRect(&x, &onScreen) != FALSE;
-    })) << SameRect(XScreenRect(xid), clientOnScreen()).message();
-    const RECT window = WindowRect(hwnd);
-    const int frameX = GetSystemMetrics(SM_CXFRAME);
-    const int frameY = GetSystemMetrics(SM_CYFRAME);
+    const int frameX = GetSystemMetrics(SM_CXFRAME), frameY = GetSystemMetrics(SM_CYFRAME);
     const int caption = GetSystemMetrics(SM_CYCAPTION);
-    EXPECT_EQ(client.left - window.left, frameX);
-    EXPECT_EQ(client.top - window.top, frameY + caption);
-    EXPECT_EQ(window.right - client.right, frameX);
-    EXPECT_EQ(window.bottom - client.bottom, frameY);
+    auto expectFrame = [&] {
+        const RECT window = WindowRectOf(hwnd), client = clientOnScreen();
+        EXPECT_TRUE(SameRect(RECT{client.left - window.left, client.top - window.top, window.right - client.right,
+                                  window.bottom - client.bottom},
+                             RECT{frameX, frameY + caption, frameX, frameY}));
+    };
+    EXPECT_TRUE(XFollows(xid, clientOnScreen));
+    expectFrame();
 
     // The window manager moves it: the configure event reports the frame.
     recorder.Clear();
     {
         vorlan::GtkCriticalSection lock;
-        XMoveWindow(vorlan_test::XDisplay(), xid, 250, 260);
-        XFlush(vorlan_test::XDisplay());
+        XMoveWindow(XDisplay(), xid, 250, 260);
+        XFlush(XDisplay());
     }
-    EXPECT_TRUE(vorlan_test::PumpUntil([&] { return recorder.Saw(hwnd, WM_WINDOWPOSCHANGED); }));
-    EXPECT_TRUE(vorlan_test::PumpUntil([&] {
-        const RECT onScreen = clientOnScreen();
-        const RECT x = XScreenRect(xid);
-        return EqualRect(&x, &onScreen) != FALSE;
-    })) << SameRect(XScreenRect(xid), clientOnScreen()).message();
-    const RECT moved = WindowRect(hwnd);
-    EXPECT_EQ(client.left - moved.left, frameX);
-    EXPECT_EQ(client.top - moved.top, frameY + caption);
+    EXPECT_TRUE(PumpUntil([&] { return recorder.Saw(hwnd, WM_WINDOWPOSCHANGED); }));
+    EXPECT_TRUE(XFollows(xid, clientOnScreen));
+    expectFrame();
     EXPECT_FALSE(recorder.Saw(hwnd, WM_WINDOWPOSCHANGING));
 }
 
@@ -407,32 +329,23 @@ TEST(WindowZOrder, ChildListFollowsXStackingForEveryInsertAfter)
     const HWND a = recorder.Create(WS_CHILD | WS_VISIBLE, 0, 0, 50, 50, top);
     const HWND b = recorder.Create(WS_CHILD | WS_VISIBLE, 10, 10, 50, 50, top);
     const HWND c = recorder.Create(WS_CHILD | WS_VISIBLE, 20, 20, 50, 50, top);
-    const XID parentXid = XidOf(top);
-    const std::vector<XID> all = Xids({a, b, c});
-    EXPECT_EQ(ChildList(top), (std::vector<HWND>{a, b, c}));
-    EXPECT_EQ(XStacking(parentXid, all), Xids({a, b, c}));
+    ExpectOrder(top, {a, b, c});
 
     // HWND_TOP puts the child first in the list and lowest in X.
     SetWindowPos(c, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-    EXPECT_EQ(ChildList(top), (std::vector<HWND>{c, a, b}));
-    EXPECT_EQ(XStacking(parentXid, all), Xids({c, a, b}));
-
+    ExpectOrder(top, {c, a, b});
     SetWindowPos(c, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-    EXPECT_EQ(ChildList(top), (std::vector<HWND>{a, b, c}));
-    EXPECT_EQ(XStacking(parentXid, all), Xids({a, b, c}));
-
+    ExpectOrder(top, {a, b, c});
     SetWindowPos(a, b, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-    EXPECT_EQ(ChildList(top), (std::vector<HWND>{b, a, c}));
-    EXPECT_EQ(XStacking(parentXid, all), Xids({b, a, c}));
+    ExpectOrder(top, {b, a, c});
 
     // BringWindowToTop and a move without SWP_NOZORDER mean HWND_TOP.
     BringWindowToTop(c);
-    EXPECT_EQ(ChildList(top), (std::vector<HWND>{c, b, a}));
+    ExpectOrder(top, {c, b, a});
     SetWindowPos(a, nullptr, 1, 1, 50, 50, 0);
-    EXPECT_EQ(ChildList(top), (std::vector<HWND>{a, c, b}));
-    EXPECT_EQ(XStacking(parentXid, all), Xids({a, c, b}));
+    ExpectOrder(top, {a, c, b});
 
     // SWP_NOZORDER leaves both alone.
     SetWindowPos(b, HWND_TOP, 2, 2, 50, 50, SWP_NOZORDER);
-    EXPECT_EQ(ChildList(top), (std::vector<HWND>{a, c, b}));
+    ExpectOrder(top, {a, c, b});
 }

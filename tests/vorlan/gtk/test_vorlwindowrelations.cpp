@@ -7,6 +7,7 @@
 #include "gtk/vorlxwindow.h"
 #include "support/gtk_helpers.h"
 #include "support/message_recorder.h"
+#include "support/window_checks.h"
 
 #include <gdk/gdkx.h>
 #include <X11/Xatom.h>
@@ -17,62 +18,16 @@
 #include <thread>
 #include <vector>
 
-using vorlan_test::MessageRecorder;
+using namespace vorlan_test;
 
 namespace {
-
-XID XidOf(HWND hwnd)
-{
-    vorlan::GtkCriticalSection lock;
-    GdkWindow *window = GetGdkWindow(hwnd);
-    return window != nullptr ? GDK_WINDOW_XID(window) : 0;
-}
-
-XID XParentOf(XID xid)
-{
-    vorlan::GtkCriticalSection lock;
-    ::Window root, parent = 0, *children = nullptr;
-    unsigned count = 0;
-    XQueryTree(vorlan_test::XDisplay(), xid, &root, &parent, &children, &count);
-    if (children != nullptr)
-        XFree(children);
-    return parent;
-}
-
-// The raw items of a property of the window (bytes, or longs widened to
-// the platform's long as Xlib gives them).
-std::vector<unsigned char> XProperty(XID xid, const char *name, Atom *type = nullptr, int *format = nullptr,
-                                     unsigned long *items = nullptr)
-{
-    vorlan::GtkCriticalSection lock;
-    Display *display = vorlan_test::XDisplay();
-    Atom actualType = None;
-    int actualFormat = 0;
-    unsigned long count = 0, after = 0;
-    unsigned char *data = nullptr;
-    XGetWindowProperty(display, xid, XInternAtom(display, name, False), 0, 1024, False, AnyPropertyType, &actualType,
-                       &actualFormat, &count, &after, &data);
-    std::vector<unsigned char> bytes;
-    if (data != nullptr) {
-        const size_t unit = actualFormat == 8 ? 1 : actualFormat == 16 ? sizeof(short) : sizeof(long);
-        bytes.assign(data, data + count * unit);
-        XFree(data);
-    }
-    if (type != nullptr)
-        *type = actualType;
-    if (format != nullptr)
-        *format = actualFormat;
-    if (items != nullptr)
-        *items = count;
-    return bytes;
-}
 
 bool HasNetWmState(XID xid, const char *state)
 {
     unsigned long items = 0;
-    const std::vector<unsigned char> data = XProperty(xid, "_NET_WM_STATE", nullptr, nullptr, &items);
+    const std::string data = XPropertyData(xid, "_NET_WM_STATE", &items);
     vorlan::GtkCriticalSection lock;
-    const Atom wanted = XInternAtom(vorlan_test::XDisplay(), state, False);
+    const Atom wanted = XInternAtom(XDisplay(), state, False);
     for (unsigned long i = 0; i < items; ++i) {
         long atom = 0;
         std::memcpy(&atom, data.data() + i * sizeof(long), sizeof(long));
@@ -82,18 +37,11 @@ bool HasNetWmState(XID xid, const char *state)
     return false;
 }
 
-RECT WindowRect(HWND hwnd)
-{
-    RECT rect = {};
-    GetWindowRect(hwnd, &rect);
-    return rect;
-}
-
 LPCWSTR W(const char16_t *text) { return reinterpret_cast<LPCWSTR>(text); }
 
 } // namespace
 
-TEST(WindowTreeQueries, ParentOwnerAndAncestorsFollowTheStyle)
+TEST(WindowTreeQueries, ParentOwnerAncestorsAndGetWindowFollowTheTree)
 {
     MessageRecorder recorder("VorlanTreeAncestors");
     const HWND top = recorder.Create(WS_POPUP, 0, 0, 100, 100);
@@ -118,46 +66,31 @@ TEST(WindowTreeQueries, ParentOwnerAndAncestorsFollowTheStyle)
     EXPECT_EQ(GetAncestor(ownedByOwned, GA_ROOTOWNER), owned);
     EXPECT_EQ(GetAncestor(desktop, GA_PARENT), nullptr);
     EXPECT_EQ(GetAncestor(desktop, GA_ROOT), nullptr);
-    SetLastError(0);
-    EXPECT_EQ(GetAncestor(child, 4), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    EXPECT_EQ(GetAncestor(vorlan_test::FakeHwnd(60002), GA_PARENT), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-    EXPECT_EQ(GetParent(vorlan_test::FakeHwnd(60002)), nullptr);
+    EXPECT_TRUE(FailsWith(87, nullptr, [&] { return GetAncestor(child, 4); }));
+    EXPECT_TRUE(FailsWith(1400, nullptr, [] { return GetAncestor(FakeHwnd(60002), GA_PARENT); }));
+    EXPECT_EQ(GetParent(FakeHwnd(60002)), nullptr);
 
     EXPECT_TRUE(IsChild(top, grandchild));
     EXPECT_TRUE(IsChild(child, grandchild));
     EXPECT_FALSE(IsChild(grandchild, grandchild));
     EXPECT_FALSE(IsChild(top, owned));
     EXPECT_FALSE(IsChild(grandchild, top));
-    EXPECT_FALSE(IsChild(top, vorlan_test::FakeHwnd(60002)));
-}
+    EXPECT_FALSE(IsChild(top, FakeHwnd(60002)));
 
-TEST(WindowTreeQueries, GetWindowWalksSiblingsOwnerAndChildren)
-{
-    MessageRecorder recorder("VorlanTreeGetWindow");
-    const HWND top = recorder.Create(WS_POPUP, 0, 0, 100, 100);
-    const HWND first = recorder.Create(WS_CHILD, 0, 0, 10, 10, top);
     const HWND second = recorder.Create(WS_CHILD, 0, 0, 10, 10, top);
     const HWND third = recorder.Create(WS_CHILD, 0, 0, 10, 10, top);
-    const HWND owned = recorder.Create(WS_POPUP, 0, 0, 10, 10, top);
-
-    EXPECT_EQ(GetWindow(top, GW_CHILD), first);
-    EXPECT_EQ(GetWindow(first, GW_HWNDNEXT), second);
+    EXPECT_EQ(GetWindow(top, GW_CHILD), child);
+    EXPECT_EQ(GetWindow(child, GW_HWNDNEXT), second);
     EXPECT_EQ(GetWindow(third, GW_HWNDNEXT), nullptr);
     EXPECT_EQ(GetWindow(third, GW_HWNDPREV), second);
-    EXPECT_EQ(GetWindow(first, GW_HWNDPREV), nullptr);
-    EXPECT_EQ(GetWindow(third, GW_HWNDFIRST), first);
+    EXPECT_EQ(GetWindow(child, GW_HWNDPREV), nullptr);
+    EXPECT_EQ(GetWindow(third, GW_HWNDFIRST), child);
     EXPECT_EQ(GetWindow(second, GW_HWNDLAST), nullptr);
     EXPECT_EQ(GetWindow(owned, GW_OWNER), top);
-    EXPECT_EQ(GetWindow(first, GW_OWNER), nullptr);
-    EXPECT_EQ(GetWindow(first, GW_CHILD), nullptr);
-    SetLastError(0);
-    EXPECT_EQ(GetWindow(first, 6), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    EXPECT_EQ(GetWindow(vorlan_test::FakeHwnd(60003), GW_CHILD), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-
+    EXPECT_EQ(GetWindow(child, GW_OWNER), nullptr);
+    EXPECT_EQ(GetWindow(grandchild, GW_CHILD), nullptr);
+    EXPECT_TRUE(FailsWith(87, nullptr, [&] { return GetWindow(child, 6); }));
+    EXPECT_TRUE(FailsWith(1400, nullptr, [] { return GetWindow(FakeHwnd(60003), GW_CHILD); }));
     // Among the desktop's children, next-sibling runs through FindWindowEx.
     EXPECT_EQ(GetWindow(top, GW_HWNDNEXT), FindWindowExA(nullptr, top, nullptr, nullptr));
 }
@@ -185,14 +118,11 @@ TEST(WindowTreeQueries, ThreadUnicodeAndVisibilityQueries)
     ASSERT_NE(other, nullptr);
     EXPECT_EQ(GetWindowThreadProcessId(other, nullptr), threadOfOther);
     pid = 77;
-    SetLastError(0);
-    EXPECT_EQ(GetWindowThreadProcessId(vorlan_test::FakeHwnd(60004), &pid), 0xFFFFFFFFu);
+    EXPECT_TRUE(FailsWith(1400, 0xFFFFFFFFu, [&] { return GetWindowThreadProcessId(FakeHwnd(60004), &pid); }));
     EXPECT_EQ(pid, 77u);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
 
     EXPECT_TRUE(IsWindowVisible(GetDesktopWindow()));
-    EXPECT_FALSE(IsWindowVisible(vorlan_test::FakeHwnd(60004)));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [] { return IsWindowVisible(FakeHwnd(60004)); }));
     EXPECT_TRUE(MessageBeep(MB_OK));
     EXPECT_FALSE(AnimateWindow(w, 200, AW_BLEND));
 }
@@ -210,35 +140,25 @@ TEST(WindowReparenting, ChildKeepsItsPlaceInTheClientAreaAndMovesInX)
     EXPECT_EQ(GetWindow(right, GW_CHILD), other);
     EXPECT_EQ(GetWindow(other, GW_HWNDNEXT), child);
     EXPECT_EQ(GetWindow(left, GW_CHILD), nullptr);
-    const RECT moved = WindowRect(child);
-    EXPECT_EQ(moved.left, 410);
-    EXPECT_EQ(moved.top, 170);
+    EXPECT_TRUE(SameRect(WindowRectOf(child), RECT{410, 170, 440, 210}));
     EXPECT_EQ(XParentOf(XidOf(child)), XidOf(right));
 
-    // Same parent again: nothing happens.
-    SetLastError(0);
-    EXPECT_EQ(SetParent(child, right), nullptr);
-    EXPECT_EQ(GetLastError(), 0u);
-    // Into itself or its own descendant: refused.
+    // Same parent again: nothing happens.  Into itself or its own
+    // descendant: refused.
+    EXPECT_TRUE(FailsWith(0, nullptr, [&] { return SetParent(child, right); }));
     const HWND grandchild = recorder.Create(WS_CHILD, 0, 0, 5, 5, child);
-    EXPECT_EQ(SetParent(child, grandchild), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    EXPECT_EQ(SetParent(child, child), nullptr);
+    EXPECT_TRUE(FailsWith(87, nullptr, [&] { return SetParent(child, grandchild); }));
+    EXPECT_TRUE(FailsWith(87, nullptr, [&] { return SetParent(child, child); }));
     EXPECT_EQ(GetParent(child), right);
-
-    EXPECT_EQ(SetParent(child, vorlan_test::FakeHwnd(60005)), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(1400, nullptr, [&] { return SetParent(child, FakeHwnd(60005)); }));
     EXPECT_EQ(SetParent(GetDesktopWindow(), right), nullptr);
 
     // To the desktop: the rectangle keeps its offset from the client
     // origin, which is now the screen's.
     EXPECT_EQ(SetParent(child, nullptr), right);
     EXPECT_EQ(GetAncestor(child, GA_PARENT), GetDesktopWindow());
-    const RECT onDesktop = WindowRect(child);
-    EXPECT_EQ(onDesktop.left, 10);
-    EXPECT_EQ(onDesktop.top, 20);
-    vorlan::GtkCriticalSection lock;
-    EXPECT_EQ(XParentOf(XidOf(child)), DefaultRootWindow(vorlan_test::XDisplay()));
+    EXPECT_TRUE(SameRect(WindowRectOf(child), RECT{10, 20, 40, 60}));
+    EXPECT_EQ(XParentOf(XidOf(child)), DefaultRootWindow(XDisplay()));
 }
 
 TEST(WindowText, WideAndAnsiTextRoundTripWithTruncationAndLengths)
@@ -275,6 +195,18 @@ TEST(WindowText, WideAndAnsiTextRoundTripWithTruncationAndLengths)
     EXPECT_EQ(GetWindowTextW(hwnd, wide, 16), 0);
     EXPECT_EQ(wide[0], u'x');
     EXPECT_EQ(GetWindowTextLengthW(hwnd), 0);
+
+    // An ANSI window keeps its text in the ANSI code page.
+    MessageRecorder ansi("VorlanTextAnsi", false);
+    const HWND narrowWindow = ansi.Create(WS_POPUP, 0, 0, 10, 10);
+    EXPECT_TRUE(SetWindowTextA(narrowWindow, "abc"));
+    EXPECT_EQ(GetWindowTextLengthA(narrowWindow), 3);
+    EXPECT_EQ(GetWindowTextLengthW(narrowWindow), 3);
+    EXPECT_EQ(GetWindowTextW(narrowWindow, wide, 8), 3);
+    EXPECT_EQ(wide[2], u'c');
+    EXPECT_EQ(wide[3], 0);
+    EXPECT_EQ(GetWindowTextA(narrowWindow, narrow, 3), 2);
+    EXPECT_STREQ(narrow, "ab");
 }
 
 TEST(WindowText, TitleReachesXAndAProcedureMayRefuseText)
@@ -282,19 +214,15 @@ TEST(WindowText, TitleReachesXAndAProcedureMayRefuseText)
     MessageRecorder recorder("VorlanTextTitle");
     const HWND hwnd = recorder.Create(WS_OVERLAPPEDWINDOW, 0, 0, 100, 100);
     EXPECT_TRUE(SetWindowTextW(hwnd, W(u"Überschrift")));
-    Atom type = None;
-    const std::vector<unsigned char> name = XProperty(XidOf(hwnd), "_NET_WM_NAME", &type);
-    EXPECT_EQ(std::string(name.begin(), name.end()), "Überschrift");
+    EXPECT_EQ(XPropertyData(XidOf(hwnd), "_NET_WM_NAME"), "Überschrift");
 
     recorder.Answer(WM_SETTEXT, [](HWND, WPARAM, LPARAM) { return LRESULT(0); });
     EXPECT_FALSE(SetWindowTextW(hwnd, W(u"refused")));
     WCHAR text[32] = {};
     EXPECT_EQ(GetWindowTextW(hwnd, text, 32), 11);
 
-    SetLastError(0);
-    EXPECT_FALSE(SetWindowTextW(vorlan_test::FakeHwnd(60006), W(u"x")));
-    EXPECT_EQ(GetWindowTextW(vorlan_test::FakeHwnd(60006), text, 32), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [] { return SetWindowTextW(FakeHwnd(60006), W(u"x")); }));
+    EXPECT_TRUE(FailsWith(1400, 0, [&] { return GetWindowTextW(FakeHwnd(60006), text, 32); }));
 }
 
 TEST(WindowManagerHints, DecorationsAndTaskbarFollowStyles)
@@ -308,7 +236,7 @@ TEST(WindowManagerHints, DecorationsAndTaskbarFollowStyles)
     // _MOTIF_WM_HINTS: flags, functions, decorations, ...; decorations 0
     // asks for no frame at all.
     auto decorations = [](HWND hwnd) -> long {
-        const std::vector<unsigned char> hints = XProperty(XidOf(hwnd), "_MOTIF_WM_HINTS");
+        const std::string hints = XPropertyData(XidOf(hwnd), "_MOTIF_WM_HINTS");
         if (hints.size() < 3 * sizeof(long))
             return -1;
         long flags = 0, value = 0;
@@ -321,59 +249,42 @@ TEST(WindowManagerHints, DecorationsAndTaskbarFollowStyles)
 
     for (HWND hwnd : {framed, tool, app})
         ShowWindow(hwnd, SW_SHOWNA);
-    EXPECT_TRUE(vorlan_test::PumpUntil([&] { return HasNetWmState(XidOf(tool), "_NET_WM_STATE_SKIP_TASKBAR"); }));
+    EXPECT_TRUE(PumpUntil([&] { return HasNetWmState(XidOf(tool), "_NET_WM_STATE_SKIP_TASKBAR"); }));
     EXPECT_TRUE(HasNetWmState(XidOf(tool), "_NET_WM_STATE_SKIP_PAGER"));
     EXPECT_FALSE(HasNetWmState(XidOf(framed), "_NET_WM_STATE_SKIP_TASKBAR"));
     EXPECT_FALSE(HasNetWmState(XidOf(app), "_NET_WM_STATE_SKIP_TASKBAR"));
 }
 
-TEST(WindowText, AnsiWindowKeepsItsTextInTheAnsiCodePage)
-{
-    MessageRecorder recorder("VorlanTextAnsi", false);
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 10, 10);
-    EXPECT_TRUE(SetWindowTextA(hwnd, "abc"));
-    EXPECT_EQ(GetWindowTextLengthA(hwnd), 3);
-    EXPECT_EQ(GetWindowTextLengthW(hwnd), 3);
-    WCHAR wide[8] = {};
-    EXPECT_EQ(GetWindowTextW(hwnd, wide, 8), 3);
-    EXPECT_EQ(wide[2], u'c');
-    EXPECT_EQ(wide[3], 0);
-    char narrow[8] = {};
-    EXPECT_EQ(GetWindowTextA(hwnd, narrow, 3), 2);
-    EXPECT_STREQ(narrow, "ab");
-}
-
-TEST(WindowOwnership, OwnerChangesReachTheTransientHint)
+TEST(WindowOwnership, OwnerAtCreationAndLaterChangesReachTheTransientHint)
 {
     MessageRecorder recorder("VorlanOwnership");
     const HWND first = recorder.Create(WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100);
     const HWND second = recorder.Create(WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100);
-    const HWND popup = recorder.Create(WS_POPUP, 0, 0, 30, 30, first);
-    auto transientFor = [](HWND hwnd) {
-        vorlan::GtkCriticalSection lock;
-        ::Window target = 0;
-        XGetTransientForHint(vorlan_test::XDisplay(), XidOf(hwnd), &target);
-        return XID(target);
-    };
-    EXPECT_EQ(transientFor(popup), XidOf(first));
+    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, first);
+    // A popup given a child as its parent is owned by the child's root.
+    const HWND popup = recorder.Create(WS_POPUP, 0, 0, 30, 30, child);
+    ASSERT_NE(popup, nullptr);
+    EXPECT_EQ(GetAncestor(popup, GA_PARENT), GetDesktopWindow());
+    EXPECT_EQ(GetWindow(popup, GW_OWNER), first);
+    EXPECT_EQ(GetParent(popup), first);
+    EXPECT_EQ(TransientFor(XidOf(popup)), XidOf(first));
 
     EXPECT_EQ(SetWindowLongPtrW(popup, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(second)),
               reinterpret_cast<LONG_PTR>(first));
     EXPECT_EQ(GetWindow(popup, GW_OWNER), second);
-    EXPECT_EQ(transientFor(popup), XidOf(second));
+    EXPECT_EQ(TransientFor(XidOf(popup)), XidOf(second));
 
     // An owner the user cannot see hands on the window it is transient for.
     const HWND hiddenOwner = recorder.Create(WS_POPUP, 0, 0, 30, 30, second);
     SetWindowLongPtrW(popup, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(hiddenOwner));
     EXPECT_EQ(GetWindow(popup, GW_OWNER), hiddenOwner);
-    EXPECT_EQ(transientFor(popup), XidOf(second));
+    EXPECT_EQ(TransientFor(XidOf(popup)), XidOf(second));
 
-    // An owner of a child window is its root.
-    const HWND child = recorder.Create(WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, first);
+    // The same rule as at creation: an owner of a child window is its root.
     SetWindowLongPtrW(popup, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(child));
     EXPECT_EQ(GetWindow(popup, GW_OWNER), first);
 
     SetWindowLongPtrW(popup, GWLP_HWNDPARENT, 0);
     EXPECT_EQ(GetWindow(popup, GW_OWNER), nullptr);
-    EXPECT_EQ(transientFor(popup), XID(0));
+    EXPECT_EQ(TransientFor(XidOf(popup)), XID(0));
 }

@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"
-#include "support/window_objects.h"
+#include "support/gtk_helpers.h"
+#include "support/window_checks.h"
 
 #include <algorithm>
 #include <functional>
@@ -14,15 +15,6 @@
 using namespace vorlan_test;
 
 namespace {
-
-WindowOptions Under(HWND parent, DWORD style = WS_CHILD)
-{
-    WindowOptions options;
-    options.parent = parent;
-    options.style = style;
-    options.withXWindow = false;
-    return options;
-}
 
 struct Visits {
     std::vector<HWND> seen;
@@ -48,37 +40,33 @@ LPARAM Arg(Visits &visits)
 
 // parent: a (a1, a2), b
 struct SmallTree {
-    TestWindow parent{Under(nullptr, WS_POPUP)};
-    TestWindow a{Under(parent.hwnd())}, a1{Under(a.hwnd())}, a2{Under(a.hwnd())};
-    TestWindow b{Under(parent.hwnd())};
+    TestWindow parent{ObjectSpec(nullptr, WS_POPUP)};
+    TestWindow a{ObjectSpec(parent.hwnd())}, a1{ObjectSpec(a.hwnd())}, a2{ObjectSpec(a.hwnd())};
+    TestWindow b{ObjectSpec(parent.hwnd())};
 };
 
 } // namespace
 
-TEST(WindowEnumeration, ChildWindowsDepthFirstWithoutTheLock)
+TEST(WindowEnumeration, ChildWindowsDepthFirstWithoutTheLockAndAZeroAnswerEndsEveryLevel)
 {
     SmallTree tree;
     Visits visits;
     EXPECT_TRUE(EnumChildWindows(tree.parent.hwnd(), Record, Arg(visits)));
     EXPECT_EQ(visits.seen, (std::vector<HWND>{tree.a.hwnd(), tree.a1.hwnd(), tree.a2.hwnd(), tree.b.hwnd()}));
     EXPECT_FALSE(visits.lockHeld);
-}
 
-TEST(WindowEnumeration, ZeroAnswerEndsEveryLevel)
-{
-    SmallTree tree;
-    Visits visits;
-    visits.stopAt = tree.a1.hwnd();
-    EXPECT_FALSE(EnumChildWindows(tree.parent.hwnd(), Record, Arg(visits)));
-    EXPECT_EQ(visits.seen, (std::vector<HWND>{tree.a.hwnd(), tree.a1.hwnd()}));
+    Visits stopped;
+    stopped.stopAt = tree.a1.hwnd();
+    EXPECT_FALSE(EnumChildWindows(tree.parent.hwnd(), Record, Arg(stopped)));
+    EXPECT_EQ(stopped.seen, (std::vector<HWND>{tree.a.hwnd(), tree.a1.hwnd()}));
 }
 
 TEST(WindowEnumeration, WindowDestroyedByTheCallbackIsSkipped)
 {
-    TestWindow parent(Under(nullptr, WS_POPUP));
-    auto a = std::make_unique<TestWindow>(Under(parent.hwnd()));
-    auto b = std::make_unique<TestWindow>(Under(parent.hwnd()));
-    auto c = std::make_unique<TestWindow>(Under(parent.hwnd()));
+    TestWindow parent(ObjectSpec(nullptr, WS_POPUP));
+    auto a = std::make_unique<TestWindow>(ObjectSpec(parent.hwnd()));
+    auto b = std::make_unique<TestWindow>(ObjectSpec(parent.hwnd()));
+    auto c = std::make_unique<TestWindow>(ObjectSpec(parent.hwnd()));
     const std::vector<HWND> expected{a->hwnd(), c->hwnd()};
     Visits visits;
     visits.onVisit = [&](HWND hWnd) {
@@ -89,8 +77,8 @@ TEST(WindowEnumeration, WindowDestroyedByTheCallbackIsSkipped)
     EXPECT_EQ(visits.seen, expected);
 
     // The same at the top level: the next window of the thread goes.
-    auto first = std::make_unique<TestWindow>(Under(nullptr, WS_POPUP));
-    auto second = std::make_unique<TestWindow>(Under(nullptr, WS_POPUP));
+    auto first = std::make_unique<TestWindow>(ObjectSpec(nullptr, WS_POPUP));
+    auto second = std::make_unique<TestWindow>(ObjectSpec(nullptr, WS_POPUP));
     const HWND secondHandle = second->hwnd();
     Visits topVisits;
     topVisits.onVisit = [&](HWND hWnd) {
@@ -104,8 +92,8 @@ TEST(WindowEnumeration, WindowDestroyedByTheCallbackIsSkipped)
 
 TEST(WindowEnumeration, TopLevelWindowsByThread)
 {
-    TestWindow mine(Under(nullptr, WS_POPUP));
-    TestWindow child(Under(mine.hwnd()));
+    TestWindow mine(ObjectSpec(nullptr, WS_POPUP));
+    TestWindow child(ObjectSpec(mine.hwnd()));
     Visits ofThisThread, ofAll, viaDesktop;
     EXPECT_TRUE(EnumThreadWindows(GetCurrentThreadId(), Record, Arg(ofThisThread)));
     EXPECT_TRUE(EnumWindows(Record, Arg(ofAll)));
@@ -125,18 +113,11 @@ TEST(WindowEnumeration, TopLevelWindowsByThread)
 
 TEST(WindowEnumeration, NullProcedureAndBadParent)
 {
-    TestWindow parent(Under(nullptr, WS_POPUP));
-    for (const std::function<BOOL()> &call : std::vector<std::function<BOOL()>>{
-             [] { return EnumWindows(nullptr, 0); },
-             [] { return EnumThreadWindows(GetCurrentThreadId(), nullptr, 0); },
-             [&] { return EnumChildWindows(parent.hwnd(), nullptr, 0); }}) {
-        SetLastError(0);
-        EXPECT_FALSE(call());
-        EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    }
+    TestWindow parent(ObjectSpec(nullptr, WS_POPUP));
+    EXPECT_TRUE(FailsWith(87, FALSE, [] { return EnumWindows(nullptr, 0); }));
+    EXPECT_TRUE(FailsWith(87, FALSE, [] { return EnumThreadWindows(GetCurrentThreadId(), nullptr, 0); }));
+    EXPECT_TRUE(FailsWith(87, FALSE, [&] { return EnumChildWindows(parent.hwnd(), nullptr, 0); }));
     Visits visits;
-    SetLastError(0);
-    EXPECT_FALSE(EnumChildWindows(reinterpret_cast<HWND>(0x4D726577 + 65000), Record, Arg(visits)));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return EnumChildWindows(FakeHwnd(65000), Record, Arg(visits)); }));
     EXPECT_TRUE(visits.seen.empty());
 }

@@ -5,79 +5,26 @@
 #include "gtk/vorlglobals.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlwindowtree.h"
-#include "support/window_objects.h"
-#include "vorlwindowclass.h"
-
-#include <cstring>
-#include <map>
-#include <memory>
-#include <string>
+#include "support/gtk_helpers.h"
+#include "support/message_recorder.h"
+#include "support/window_checks.h"
 
 using namespace vorlan_test;
 
 namespace {
-
-std::map<HWND, std::u16string> g_titles;
-
-// Keeps each window's text in g_titles and gives it out as the default
-// procedure would: as much as fits, terminated, the count copied.
-LRESULT CALLBACK TitledProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    const std::u16string &title = g_titles[hWnd];
-    if (message == WM_GETTEXTLENGTH)
-        return static_cast<LRESULT>(title.size());
-    if (message != WM_GETTEXT || wParam == 0)
-        return 0;
-    const size_t count = std::min<size_t>(title.size(), wParam - 1);
-    auto *buffer = reinterpret_cast<char16_t *>(lParam);
-    std::memcpy(buffer, title.data(), count * sizeof(char16_t));
-    buffer[count] = 0;
-    return static_cast<LRESULT>(count);
-}
 
 const WCHAR *W(const char16_t *text)
 {
     return reinterpret_cast<const WCHAR *>(text);
 }
 
-ATOM TitledClass()
-{
-    static const ATOM atom = [] {
-        WNDCLASSW wc = {};
-        wc.lpfnWndProc = TitledProc;
-        wc.lpszClassName = W(u"VorlanSearchTitled");
-        return RegisterClassW(&wc);
-    }();
-    return atom;
-}
-
-WindowOptions Under(HWND parent, DWORD style = WS_CHILD)
-{
-    WindowOptions options;
-    options.parent = parent;
-    options.style = style;
-    options.withXWindow = false;
-    return options;
-}
-
-// A window of the registered class, with its procedure and a title.
-std::unique_ptr<TestWindow> Titled(HWND parent, const std::u16string &title, DWORD style = WS_CHILD)
-{
-    WindowOptions options = Under(parent, style);
-    options.classAtom = TitledClass();
-    auto window = std::make_unique<TestWindow>(options);
-    vorlan::GtkCriticalSection lock;
-    window->object()->nIdWndProc = WindowClass_FindClass(options.classAtom)->nIdWndProc;
-    g_titles[window->hwnd()] = title;
-    return window;
-}
-
 } // namespace
 
-TEST(WindowFinding, NoClassNoTitleGivesTheFirstWindow)
+TEST(WindowFinding, NoClassNoTitleGivesTheFirstWindowAndAfterAWindowOfAnotherParentFails)
 {
-    TestWindow parent(Under(nullptr, WS_POPUP));
-    TestWindow a(Under(parent.hwnd())), b(Under(parent.hwnd()));
+    TestWindow parent(ObjectSpec(nullptr, WS_POPUP)), second(ObjectSpec(nullptr, WS_POPUP));
+    TestWindow a(ObjectSpec(parent.hwnd())), b(ObjectSpec(parent.hwnd()));
+    TestWindow stranger(ObjectSpec(second.hwnd()));
     EXPECT_EQ(FindWindowExA(parent.hwnd(), nullptr, nullptr, nullptr), a.hwnd());
     EXPECT_EQ(FindWindowExW(parent.hwnd(), a.hwnd(), nullptr, nullptr), b.hwnd());
     EXPECT_EQ(FindWindowExW(parent.hwnd(), b.hwnd(), nullptr, nullptr), nullptr);
@@ -87,44 +34,34 @@ TEST(WindowFinding, NoClassNoTitleGivesTheFirstWindow)
     }
     EXPECT_EQ(FindWindowW(nullptr, nullptr), parent.hwnd());
     EXPECT_EQ(FindWindowA(nullptr, nullptr), parent.hwnd());
+
+    const HWND p = parent.hwnd(), after = stranger.hwnd();
+    EXPECT_TRUE(FailsWith(1400, nullptr, [&] { return FindWindowExW(p, after, nullptr, nullptr); }));
+    EXPECT_TRUE(FailsWith(1400, nullptr, [] { return FindWindowExA(FakeHwnd(65000), nullptr, nullptr, nullptr); }));
 }
 
-TEST(WindowFinding, AfterAWindowOfAnotherParentFails)
+TEST(WindowFinding, ClassByNameOrAtomAndTitlesAskedOfTheProcedureIgnoringAsciiCaseOnly)
 {
-    TestWindow first(Under(nullptr, WS_POPUP)), second(Under(nullptr, WS_POPUP));
-    TestWindow child(Under(first.hwnd())), stranger(Under(second.hwnd()));
-    SetLastError(0);
-    EXPECT_EQ(FindWindowExW(first.hwnd(), stranger.hwnd(), nullptr, nullptr), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-    SetLastError(0);
-    EXPECT_EQ(FindWindowExA(reinterpret_cast<HWND>(0x4D726577 + 65000), nullptr, nullptr, nullptr), nullptr);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-}
+    MessageRecorder recorder("VorlanSearchTitled");
+    const HWND parent = recorder.Create(WS_POPUP, 0, 0, 10, 10);
+    TestWindow plain(ObjectSpec(parent));
+    const HWND titled = recorder.Create(WS_CHILD, 0, 0, 5, 5, parent);
+    const ATOM atom = static_cast<ATOM>(GetClassLongW(titled, GCW_ATOM));
+    EXPECT_EQ(FindWindowExW(parent, nullptr, W(u"VorlanSearchTitled"), nullptr), titled);
+    EXPECT_EQ(FindWindowExA(parent, nullptr, "vorlansearchtitled", nullptr), titled);
+    EXPECT_EQ(FindWindowExA(parent, nullptr, reinterpret_cast<LPCSTR>(MAKEINTATOM(atom)), nullptr), titled);
+    EXPECT_EQ(FindWindowExW(parent, nullptr, reinterpret_cast<LPCWSTR>(MAKEINTATOM(atom)), nullptr), titled);
+    EXPECT_EQ(FindWindowExA(parent, nullptr, "VorlanTestWindow", nullptr), plain.hwnd());
+    EXPECT_EQ(FindWindowExA(parent, nullptr, "VorlanNoSuchClassName", nullptr), nullptr);
 
-TEST(WindowFinding, ClassByNameOrAtom)
-{
-    TestWindow parent(Under(nullptr, WS_POPUP));
-    TestWindow plain(Under(parent.hwnd()));
-    auto titled = Titled(parent.hwnd(), u"Any");
-    const HWND p = parent.hwnd();
-    EXPECT_EQ(FindWindowExW(p, nullptr, W(u"VorlanSearchTitled"), nullptr), titled->hwnd());
-    EXPECT_EQ(FindWindowExA(p, nullptr, "vorlansearchtitled", nullptr), titled->hwnd());
-    EXPECT_EQ(FindWindowExA(p, nullptr, reinterpret_cast<LPCSTR>(MAKEINTATOM(TitledClass())), nullptr),
-              titled->hwnd());
-    EXPECT_EQ(FindWindowExW(p, nullptr, reinterpret_cast<LPCWSTR>(MAKEINTATOM(TitledClass())), nullptr),
-              titled->hwnd());
-    EXPECT_EQ(FindWindowExA(p, nullptr, "VorlanTestWindow", nullptr), plain.hwnd());
-    EXPECT_EQ(FindWindowExA(p, nullptr, "VorlanNoSuchClassName", nullptr), nullptr);
-}
-
-TEST(WindowFinding, TitlesMatchIgnoringAsciiCaseOnly)
-{
-    auto hello = Titled(nullptr, u"Hello World", WS_POPUP);
-    auto umlaut = Titled(nullptr, u"\u00C4rger 1", WS_POPUP);
-    EXPECT_EQ(FindWindowW(W(u"VorlanSearchTitled"), W(u"hELLO wORLD")), hello->hwnd());
-    EXPECT_EQ(FindWindowA("VorlanSearchTitled", "HELLO WORLD"), hello->hwnd());
-    EXPECT_EQ(FindWindowW(nullptr, W(u"Hello World")), hello->hwnd()) << "any class";
-    EXPECT_EQ(FindWindowW(W(u"VorlanSearchTitled"), W(u"\u00C4RGER 1")), umlaut->hwnd());
+    const HWND hello = recorder.Create(WS_POPUP, 0, 0, 5, 5, nullptr, 0, 0, u"Hello World");
+    const HWND umlaut = recorder.Create(WS_POPUP, 0, 0, 5, 5, nullptr, 0, 0, u"\u00C4rger 1");
+    recorder.Clear();
+    EXPECT_EQ(FindWindowW(W(u"VorlanSearchTitled"), W(u"hELLO wORLD")), hello);
+    EXPECT_TRUE(recorder.Saw(hello, WM_GETTEXT));
+    EXPECT_EQ(FindWindowA("VorlanSearchTitled", "HELLO WORLD"), hello);
+    EXPECT_EQ(FindWindowW(nullptr, W(u"Hello World")), hello) << "any class";
+    EXPECT_EQ(FindWindowW(W(u"VorlanSearchTitled"), W(u"\u00C4RGER 1")), umlaut);
     EXPECT_EQ(FindWindowW(W(u"VorlanSearchTitled"), W(u"\u00E4rger 1")), nullptr) << "no case folding beyond ASCII";
     EXPECT_EQ(FindWindowW(W(u"VorlanSearchTitled"), W(u"Hello World!")), nullptr) << "shorter text";
     EXPECT_EQ(FindWindowW(W(u"VorlanSearchTitled"), W(u"Hello Worle")), nullptr);

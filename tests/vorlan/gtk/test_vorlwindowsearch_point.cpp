@@ -9,7 +9,7 @@
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlwindowsearch.h"
 #include "support/gtk_helpers.h"
-#include "support/window_objects.h"
+#include "support/window_checks.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -29,27 +29,10 @@ namespace {
 
 constexpr DWORD kChild = WS_CHILD | WS_VISIBLE;
 
-WindowOptions Place(HWND parent, DWORD style, RECT rect, bool withXWindow = false)
-{
-    WindowOptions options;
-    options.parent = parent;
-    options.style = style;
-    options.rcWindow = rect;
-    options.withXWindow = withXWindow;
-    return options;
-}
-
 void SetStyle(const TestWindow &window, DWORD style)
 {
     vorlan::GtkCriticalSection lock;
     window.object()->dwStyle = style;
-}
-
-bool IsMappedInX(XID window)
-{
-    vorlan::GtkCriticalSection lock;
-    XWindowAttributes attributes;
-    return XGetWindowAttributes(XDisplay(), window, &attributes) && attributes.map_state == IsViewable;
 }
 
 // A visible top-level window whose X window is mapped where its rectangle
@@ -57,7 +40,7 @@ bool IsMappedInX(XID window)
 // window manager neither intercepts the move nor frames the window.
 std::unique_ptr<TestWindow> MappedTopLevel(RECT rect)
 {
-    auto window = std::make_unique<TestWindow>(Place(nullptr, WS_POPUP | WS_VISIBLE, rect));
+    auto window = std::make_unique<TestWindow>(ObjectSpec(nullptr, WS_POPUP | WS_VISIBLE, rect));
     {
         vorlan::GtkCriticalSection lock;
         window->object()->CreateOSWindow();
@@ -66,7 +49,7 @@ std::unique_ptr<TestWindow> MappedTopLevel(RECT rect)
         gdk_window_show(window->object()->window);
         gdk_flush();
     }
-    EXPECT_TRUE(PumpUntil([&] { return IsMappedInX(window->xid()); }));
+    EXPECT_TRUE(PumpUntil([&] { return XWindowViewable(window->xid()); }));
     const ServerGeometry geometry = QueryServerGeometry(window->xid());
     EXPECT_EQ(geometry.x, rect.left);
     EXPECT_EQ(geometry.y, rect.top);
@@ -82,11 +65,9 @@ public:
         int out[2], in[2];
         if (pipe2(out, O_CLOEXEC) != 0 || pipe2(in, O_CLOEXEC) != 0)
             return;
-        const std::string args[] = {std::to_string(rect.left), std::to_string(rect.top),
-                                    std::to_string(rect.right - rect.left), std::to_string(rect.bottom - rect.top)};
-        char *argv[] = {const_cast<char *>(VORLAN_XPEER), const_cast<char *>(args[0].c_str()),
-                        const_cast<char *>(args[1].c_str()), const_cast<char *>(args[2].c_str()),
-                        const_cast<char *>(args[3].c_str()), nullptr};
+        std::string args[] = {VORLAN_XPEER, std::to_string(rect.left), std::to_string(rect.top),
+                              std::to_string(rect.right - rect.left), std::to_string(rect.bottom - rect.top)};
+        char *argv[] = {args[0].data(), args[1].data(), args[2].data(), args[3].data(), args[4].data(), nullptr};
         posix_spawn_file_actions_t actions;
         posix_spawn_file_actions_init(&actions);
         posix_spawn_file_actions_adddup2(&actions, in[0], STDIN_FILENO);
@@ -97,7 +78,13 @@ public:
         close(in[0]);
         close(out[1]);
         m_stdin = in[1];
-        m_mapped = m_pid > 0 && ReadLine(out[0]) == "mapped";
+        // It prints "mapped" once the server has mapped its window.
+        std::string line;
+        char c = 0;
+        pollfd wait = {out[0], POLLIN, 0};
+        while (m_pid > 0 && poll(&wait, 1, 10000) > 0 && read(out[0], &c, 1) == 1 && c != '\n')
+            line += c;
+        m_mapped = line == "mapped";
         close(out[0]);
     }
     ~XPeer()
@@ -111,16 +98,6 @@ public:
     bool mapped() const { return m_mapped; }
 
 private:
-    static std::string ReadLine(int fd)
-    {
-        std::string line;
-        char c = 0;
-        pollfd wait = {fd, POLLIN, 0};
-        while (poll(&wait, 1, 10000) > 0 && read(fd, &c, 1) == 1 && c != '\n')
-            line += c;
-        return line;
-    }
-
     pid_t m_pid = -1;
     int m_stdin = -1;
     bool m_mapped = false;
@@ -138,8 +115,8 @@ FILTER_CODE DescendOnlyFor(HWND hWnd, HWND, POINT, LPARAM)
 
 TEST(PointFilters, HiddenAndDisabledRules)
 {
-    TestWindow top(Place(nullptr, WS_POPUP | WS_VISIBLE, {0, 0, 100, 100}));
-    TestWindow child(Place(top.hwnd(), kChild, {10, 10, 50, 50}));
+    TestWindow top(ObjectSpec(nullptr, WS_POPUP | WS_VISIBLE, {0, 0, 100, 100}));
+    TestWindow child(ObjectSpec(top.hwnd(), kChild, {10, 10, 50, 50}));
     struct Case {
         const TestWindow *window;
         DWORD style, parentStyle;
@@ -171,11 +148,11 @@ TEST(PointFilters, HiddenAndDisabledRules)
 
 TEST(PointSearch, DirectChildFromPointFlagsPickTheFilter)
 {
-    TestWindow parent(Place(nullptr, WS_POPUP | WS_VISIBLE, {0, 0, 200, 100}));
-    TestWindow hidden(Place(parent.hwnd(), WS_CHILD, {10, 10, 50, 50}));
-    TestWindow disabled(Place(parent.hwnd(), kChild | WS_DISABLED, {60, 10, 100, 50}));
-    TestWindow normal(Place(parent.hwnd(), kChild, {110, 10, 150, 50}));
-    TestWindow grandchild(Place(normal.hwnd(), kChild, {115, 15, 130, 30}));
+    TestWindow parent(ObjectSpec(nullptr, WS_POPUP | WS_VISIBLE, {0, 0, 200, 100}));
+    TestWindow hidden(ObjectSpec(parent.hwnd(), WS_CHILD, {10, 10, 50, 50}));
+    TestWindow disabled(ObjectSpec(parent.hwnd(), kChild | WS_DISABLED, {60, 10, 100, 50}));
+    TestWindow normal(ObjectSpec(parent.hwnd(), kChild, {110, 10, 150, 50}));
+    TestWindow grandchild(ObjectSpec(normal.hwnd(), kChild, {115, 15, 130, 30}));
     const HWND h = hidden.hwnd(), d = disabled.hwnd(), p = parent.hwnd();
     vorlan::GtkCriticalSection lock;
     // bDisabled, bInvisible: (TRUE, TRUE), (TRUE, FALSE), (FALSE, TRUE), (FALSE, FALSE)
@@ -188,24 +165,21 @@ TEST(PointSearch, DirectChildFromPointFlagsPickTheFilter)
     }
 }
 
-TEST(PointSearch, ChildWindowFromPointTakesHiddenChildrenAndTheFrame)
+TEST(PointSearch, ChildWindowFromPointTakesHiddenChildrenAndFindWindowFromPointExTakesSiblingsInListOrder)
 {
-    WindowOptions options = Place(nullptr, WS_POPUP | WS_VISIBLE, {100, 100, 300, 300});
+    WindowOptions options = ObjectSpec(nullptr, WS_POPUP | WS_VISIBLE, {100, 100, 300, 300});
     options.rcClient = {110, 130, 290, 290};
-    TestWindow parent(options);
-    TestWindow hidden(Place(parent.hwnd(), WS_CHILD, {120, 140, 160, 180}));
-    EXPECT_EQ(ChildWindowFromPoint(parent.hwnd(), {15, 15}), hidden.hwnd());
-    EXPECT_EQ(ChildWindowFromPoint(parent.hwnd(), {100, 100}), parent.hwnd()) << "client area, no child";
-    EXPECT_EQ(ChildWindowFromPoint(parent.hwnd(), {-5, -5}), parent.hwnd()) << "in the frame";
-    EXPECT_EQ(ChildWindowFromPoint(parent.hwnd(), {-20, -40}), nullptr) << "outside the window";
-}
+    TestWindow framed(options);
+    TestWindow hidden(ObjectSpec(framed.hwnd(), WS_CHILD, {120, 140, 160, 180}));
+    EXPECT_EQ(ChildWindowFromPoint(framed.hwnd(), {15, 15}), hidden.hwnd());
+    EXPECT_EQ(ChildWindowFromPoint(framed.hwnd(), {100, 100}), framed.hwnd()) << "client area, no child";
+    EXPECT_EQ(ChildWindowFromPoint(framed.hwnd(), {-5, -5}), framed.hwnd()) << "in the frame";
+    EXPECT_EQ(ChildWindowFromPoint(framed.hwnd(), {-20, -40}), nullptr) << "outside the window";
 
-TEST(PointSearch, OverlappingSiblingsInListOrder)
-{
-    TestWindow parent(Place(nullptr, WS_POPUP | WS_VISIBLE, {0, 0, 200, 200}));
-    TestWindow a(Place(parent.hwnd(), kChild, {10, 10, 100, 100}));
-    TestWindow b(Place(parent.hwnd(), kChild, {50, 50, 150, 150}));
-    TestWindow insideB(Place(b.hwnd(), kChild, {120, 120, 140, 140}));
+    TestWindow parent(ObjectSpec(nullptr, WS_POPUP | WS_VISIBLE, {0, 0, 200, 200}));
+    TestWindow a(ObjectSpec(parent.hwnd(), kChild, {10, 10, 100, 100}));
+    TestWindow b(ObjectSpec(parent.hwnd(), kChild, {50, 50, 150, 150}));
+    TestWindow insideB(ObjectSpec(b.hwnd(), kChild, {120, 120, 140, 140}));
     EXPECT_EQ(FindWindowFromPointEx(parent.hwnd(), {60, 60}, WindowFromPointFilter), a.hwnd());
     EXPECT_EQ(FindWindowFromPointEx(parent.hwnd(), {130, 130}, WindowFromPointFilter), insideB.hwnd());
     EXPECT_EQ(FindWindowFromPointEx(parent.hwnd(), {250, 60}, WindowFromPointFilter), nullptr);
@@ -217,14 +191,14 @@ TEST(PointSearch, OverlappingSiblingsInListOrder)
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
 }
 
-TEST(PointSearch, WindowFromPointFollowsVisibilityAndEnabledState)
+TEST(PointSearch, WindowFromPointFollowsVisibilityEnabledStateAndOtherClientsWindows)
 {
     auto top = MappedTopLevel({200, 200, 500, 450});
-    TestWindow c1(Place(top->hwnd(), kChild, {220, 220, 320, 320}));
-    TestWindow c2(Place(top->hwnd(), kChild, {260, 260, 360, 360}));
-    TestWindow hidden(Place(top->hwnd(), WS_CHILD, {380, 220, 440, 280}));
-    TestWindow disabled(Place(top->hwnd(), kChild | WS_DISABLED, {380, 300, 440, 360}));
-    TestWindow insideDisabled(Place(disabled.hwnd(), kChild, {390, 310, 420, 340}));
+    TestWindow c1(ObjectSpec(top->hwnd(), kChild, {220, 220, 320, 320}));
+    TestWindow c2(ObjectSpec(top->hwnd(), kChild, {260, 260, 360, 360}));
+    TestWindow hidden(ObjectSpec(top->hwnd(), WS_CHILD, {380, 220, 440, 280}));
+    TestWindow disabled(ObjectSpec(top->hwnd(), kChild | WS_DISABLED, {380, 300, 440, 360}));
+    TestWindow insideDisabled(ObjectSpec(disabled.hwnd(), kChild, {390, 310, 420, 340}));
     const HWND t = top->hwnd();
     EXPECT_EQ(WindowFromPoint({270, 270}), c1.hwnd()) << "first in the list wins";
     EXPECT_EQ(WindowFromPoint({350, 350}), c2.hwnd());
@@ -236,15 +210,13 @@ TEST(PointSearch, WindowFromPointFollowsVisibilityAndEnabledState)
     EXPECT_EQ(WindowFromPoint({270, 270}), t) << "a disabled top-level window is taken whole";
     SetStyle(*top, WS_POPUP);
     EXPECT_EQ(WindowFromPoint({270, 270}), g_hWndDesktop) << "hidden, though mapped in X";
-}
+    SetStyle(*top, WS_POPUP | WS_VISIBLE);
 
-TEST(PointSearch, AnotherClientsWindowHidesOurs)
-{
-    auto top = MappedTopLevel({200, 200, 500, 450});
-    ASSERT_EQ(WindowFromPoint({400, 300}), top->hwnd());
+    // The server decides: another client's window over ours hides it.
+    ASSERT_EQ(WindowFromPoint({400, 300}), t);
     XPeer peer({350, 200, 500, 450});
     ASSERT_TRUE(peer.mapped());
     EXPECT_EQ(WindowFromPoint({400, 300}), g_hWndDesktop);
-    EXPECT_EQ(WindowFromPoint({250, 300}), top->hwnd());
+    EXPECT_EQ(WindowFromPoint({250, 300}), c1.hwnd());
     EXPECT_EQ(ChildWindowFromPoint(g_hWndDesktop, {400, 300}), g_hWndDesktop);
 }

@@ -7,13 +7,11 @@
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlwindow.h"
 #include "support/child_process.h"
-#include "support/window_objects.h"
+#include "support/window_checks.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <string>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace vorlan_test;
 
@@ -24,59 +22,55 @@ ULONG_PTR Value(HWND hWnd)
     return reinterpret_cast<ULONG_PTR>(hWnd);
 }
 
-WindowOptions ObjectOnly()
+const WindowOptions kObjectOnly = ObjectSpec(nullptr, WS_POPUP);
+
+// Runs one test of this binary again in a fresh process, with `variable`
+// set so that it does its child part.
+ChildResult RunInChild(const char *test, const char *variable)
 {
-    WindowOptions options;
-    options.withXWindow = false;
-    return options;
+    ChildOptions options;
+    options.path = "/proc/self/exe";
+    options.argv = {"vorlan_tests", std::string("--gtest_filter=") + test};
+    options.environment[variable] = "1";
+    return RunChild(options);
 }
 
 } // namespace
 
-TEST(WindowTable, DesktopHoldsSlotZero)
+TEST(WindowTable, DesktopHoldsSlotZeroAndBadHandlesGiveNoObject)
 {
     EXPECT_EQ(Value(g_hWndDesktop), 0x4D726577u);
+    for (HWND bad : {HWND(nullptr), HWND_BROADCAST, reinterpret_cast<HWND>(0x4D726577 + 65535),
+                     reinterpret_cast<HWND>(0x4D726576), reinterpret_cast<HWND>(static_cast<LONG_PTR>(-1))})
+        EXPECT_EQ(vorlan::getWindow(bad), nullptr) << bad;
     vorlan::GtkCriticalSection lock;
     vorlan::Window *desktop = vorlan::getWindow(g_hWndDesktop);
     ASSERT_NE(desktop, nullptr);
     EXPECT_EQ(desktop->dwStyle, 0x96000000u);
     EXPECT_EQ(desktop->pWndParent, nullptr);
     EXPECT_EQ(desktop->window, nullptr);
+    EXPECT_NE(desktop->foreignWindow, nullptr);
     EXPECT_EQ(desktop->foreignWindow, gdk_get_default_root_window());
     EXPECT_EQ(desktop->rcWindow.right, gdk_screen_width());
     EXPECT_EQ(desktop->rcClient.bottom, gdk_screen_height());
-    EXPECT_NE(desktop->foreignWindow, nullptr);
 }
 
 // Run in a fresh process, where no window exists but the desktop.
 TEST(WindowTable, FirstWindowAfterDesktopIsSlotOne)
 {
     if (std::getenv("VORLAN_TEST_FRESH_TABLE") != nullptr) {
-        TestWindow window(ObjectOnly());
+        TestWindow window(kObjectOnly);
         std::printf("first=%lx\n", static_cast<unsigned long>(Value(window.hwnd())));
         return;
     }
-    ChildOptions options;
-    options.path = "/proc/self/exe";
-    options.argv = {"vorlan_tests", "--gtest_filter=WindowTable.FirstWindowAfterDesktopIsSlotOne"};
-    options.environment["VORLAN_TEST_FRESH_TABLE"] = "1";
-    const ChildResult result = RunChild(options);
+    const ChildResult result = RunInChild("WindowTable.FirstWindowAfterDesktopIsSlotOne", "VORLAN_TEST_FRESH_TABLE");
     ASSERT_TRUE(result.exited) << result.Transcript();
     EXPECT_EQ(result.Value("first"), std::optional<std::string>("4d726578")) << result.Transcript();
 }
 
-TEST(WindowTable, BadHandlesGiveNoObject)
-{
-    EXPECT_EQ(vorlan::getWindow(nullptr), nullptr);
-    EXPECT_EQ(vorlan::getWindow(HWND_BROADCAST), nullptr);
-    EXPECT_EQ(vorlan::getWindow(reinterpret_cast<HWND>(0x4D726577 + 65535)), nullptr);
-    EXPECT_EQ(vorlan::getWindow(reinterpret_cast<HWND>(0x4D726576)), nullptr);
-    EXPECT_EQ(vorlan::getWindow(reinterpret_cast<HWND>(static_cast<LONG_PTR>(-1))), nullptr);
-}
-
 TEST(WindowTable, NewObjectHasItsDefaults)
 {
-    WindowOptions options = ObjectOnly();
+    WindowOptions options = kObjectOnly;
     options.cbExtra = 12;
     TestWindow window(options);
     vorlan::GtkCriticalSection lock;
@@ -93,20 +87,19 @@ TEST(WindowTable, NewObjectHasItsDefaults)
     EXPECT_EQ(pWnd->dwFlags, 0u);
 }
 
-TEST(WindowTable, FreedSlotIsNotReusedAtOnce)
+TEST(WindowTable, FreedSlotIsNotReusedAtOnceAndTheSearchWrapsPastTheDesktop)
 {
     HWND first;
     {
-        TestWindow window(ObjectOnly());
+        TestWindow window(kObjectOnly);
         first = window.hwnd();
     }
     EXPECT_EQ(vorlan::getWindow(first), nullptr);
-    TestWindow next(ObjectOnly());
-    EXPECT_GT(Value(next.hwnd()), Value(first));
-}
+    {
+        TestWindow next(kObjectOnly);
+        EXPECT_GT(Value(next.hwnd()), Value(first));
+    }
 
-TEST(WindowTable, SearchWrapsAtTheEnd)
-{
     unsigned saved;
     {
         vorlan::GtkCriticalSection lock;
@@ -114,11 +107,10 @@ TEST(WindowTable, SearchWrapsAtTheEnd)
         vorlan::currentIndex = vorlan::kWindowSlots - 1;
     }
     {
-        TestWindow last(ObjectOnly());
+        TestWindow last(kObjectOnly);
         EXPECT_EQ(Value(last.hwnd()), 0x4D726577u + 65534u);
-        vorlan::GtkCriticalSection lock;
         EXPECT_EQ(vorlan::currentIndex, 0u);
-        TestWindow wrapped(ObjectOnly());
+        TestWindow wrapped(kObjectOnly);
         EXPECT_EQ(Value(wrapped.hwnd()), 0x4D726577u + 1u) << "slot 0 is the desktop's";
     }
     vorlan::GtkCriticalSection lock;
@@ -129,31 +121,17 @@ TEST(WindowTable, SearchWrapsAtTheEnd)
 // message on the standard output.
 TEST(WindowTable, FullTableStopsTheProcess)
 {
-    int pipeFds[2];
-    ASSERT_EQ(pipe(pipeFds), 0);
-    const pid_t pid = fork();
-    ASSERT_GE(pid, 0);
-    if (pid == 0) {
-        dup2(pipeFds[1], STDOUT_FILENO);
-        close(pipeFds[0]);
+    if (std::getenv("VORLAN_TEST_FILL_TABLE") != nullptr) {
         static WindowClass wc = {};
         wc.nIdWndProc = AllocWndProcId(DefWindowProcA, DefWindowProcW);
         for (unsigned i = 0; i <= vorlan::kWindowSlots; ++i)
             new vorlan::Window(&wc);
         std::printf("table never filled\n");
-        std::fflush(stdout);
-        _exit(0);
+        return;
     }
-    close(pipeFds[1]);
-    std::string output;
-    char buffer[256];
-    ssize_t got;
-    while ((got = read(pipeFds[0], buffer, sizeof buffer)) > 0)
-        output.append(buffer, got);
-    close(pipeFds[0]);
-    int status = 0;
-    waitpid(pid, &status, 0);
-    EXPECT_NE(output.find("vorlan fatal error: window object table full\n"), std::string::npos) << output;
-    EXPECT_EQ(output.find("never"), std::string::npos);
-    EXPECT_FALSE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    const ChildResult result = RunInChild("WindowTable.FullTableStopsTheProcess", "VORLAN_TEST_FILL_TABLE");
+    EXPECT_NE(result.out.find("vorlan fatal error: window object table full\n"), std::string::npos)
+        << result.Transcript();
+    EXPECT_EQ(result.out.find("never"), std::string::npos);
+    EXPECT_FALSE(result.exited && result.exitStatus == 0);
 }

@@ -4,7 +4,8 @@
 #include "gtk/vorlglobals.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlwindowtree.h"
-#include "support/window_objects.h"
+#include "support/gtk_helpers.h"
+#include "support/window_checks.h"
 
 #include <algorithm>
 #include <vector>
@@ -12,15 +13,6 @@
 using namespace vorlan_test;
 
 namespace {
-
-WindowOptions ChildOf(HWND parent)
-{
-    WindowOptions options;
-    options.parent = parent;
-    options.style = WS_CHILD;
-    options.withXWindow = false;
-    return options;
-}
 
 std::vector<HWND> Children(HWND parent, DWORD tid = 0)
 {
@@ -35,69 +27,49 @@ std::vector<HWND> Children(HWND parent, DWORD tid = 0)
     return result;
 }
 
-HWND Bad()
+bool Relink(HWND hwnd, HWND parent, HWND after)
 {
-    return reinterpret_cast<HWND>(0x4D726577 + 65000);
+    vorlan::GtkCriticalSection lock;
+    return LinkWindowEx(hwnd, parent, after);
 }
 
 } // namespace
 
-TEST(WindowTree, LinkWindowAppends)
+TEST(WindowTree, LinkAppendsLinkExPlacesFirstLastOrBehindAndUnlinkClears)
 {
-    TestWindow parent(ChildOf(nullptr));
-    TestWindow a(ChildOf(parent.hwnd())), b(ChildOf(parent.hwnd())), c(ChildOf(parent.hwnd()));
-    EXPECT_EQ(Children(parent.hwnd()), (std::vector<HWND>{a.hwnd(), b.hwnd(), c.hwnd()}));
-    vorlan::GtkCriticalSection lock;
-    EXPECT_EQ(a.object()->pWndParent, parent.object());
-    EXPECT_EQ(parent.object()->pWndChild, a.object());
-}
+    TestWindow parent(ObjectSpec(nullptr));
+    const HWND p = parent.hwnd();
+    TestWindow a(ObjectSpec(p)), b(ObjectSpec(p)), c(ObjectSpec(p));
+    EXPECT_EQ(Children(p), (std::vector<HWND>{a.hwnd(), b.hwnd(), c.hwnd()}));
+    {
+        vorlan::GtkCriticalSection lock;
+        EXPECT_EQ(a.object()->pWndParent, parent.object());
+        EXPECT_EQ(parent.object()->pWndChild, a.object());
+    }
+    ASSERT_TRUE(Relink(c.hwnd(), p, LINK_FIRST_CHILD));
+    EXPECT_EQ(Children(p), (std::vector<HWND>{c.hwnd(), a.hwnd(), b.hwnd()}));
+    ASSERT_TRUE(Relink(c.hwnd(), p, a.hwnd()));
+    EXPECT_EQ(Children(p), (std::vector<HWND>{a.hwnd(), c.hwnd(), b.hwnd()}));
+    ASSERT_TRUE(Relink(a.hwnd(), p, LINK_LAST_CHILD));
+    EXPECT_EQ(Children(p), (std::vector<HWND>{c.hwnd(), b.hwnd(), a.hwnd()}));
 
-TEST(WindowTree, LinkWindowExPlacesFirstLastOrBehindSibling)
-{
-    TestWindow parent(ChildOf(nullptr));
-    TestWindow a(ChildOf(parent.hwnd())), b(ChildOf(parent.hwnd())), c(ChildOf(parent.hwnd()));
-    {
-        vorlan::GtkCriticalSection lock;
-        ASSERT_TRUE(LinkWindowEx(c.hwnd(), parent.hwnd(), LINK_FIRST_CHILD));
-    }
-    EXPECT_EQ(Children(parent.hwnd()), (std::vector<HWND>{c.hwnd(), a.hwnd(), b.hwnd()}));
-    {
-        vorlan::GtkCriticalSection lock;
-        ASSERT_TRUE(LinkWindowEx(c.hwnd(), parent.hwnd(), a.hwnd()));
-    }
-    EXPECT_EQ(Children(parent.hwnd()), (std::vector<HWND>{a.hwnd(), c.hwnd(), b.hwnd()}));
-    {
-        vorlan::GtkCriticalSection lock;
-        ASSERT_TRUE(LinkWindowEx(a.hwnd(), parent.hwnd(), LINK_LAST_CHILD));
-    }
-    EXPECT_EQ(Children(parent.hwnd()), (std::vector<HWND>{c.hwnd(), b.hwnd(), a.hwnd()}));
-}
-
-TEST(WindowTree, UnlinkClearsLinks)
-{
-    TestWindow parent(ChildOf(nullptr));
-    TestWindow a(ChildOf(parent.hwnd())), b(ChildOf(parent.hwnd()));
     vorlan::GtkCriticalSection lock;
-    ASSERT_TRUE(UnlinkWindow(a.hwnd()));
-    EXPECT_EQ(a.object()->pWndParent, nullptr);
-    EXPECT_EQ(a.object()->pWndNext, nullptr);
+    ASSERT_TRUE(UnlinkWindow(c.hwnd()));
+    EXPECT_EQ(c.object()->pWndParent, nullptr);
+    EXPECT_EQ(c.object()->pWndNext, nullptr);
     EXPECT_EQ(parent.object()->pWndChild, b.object());
 }
 
-TEST(WindowTree, ZeroMeansTheDesktop)
+TEST(WindowTree, ChildListOfTheDesktopOrOfOneThread)
 {
-    TestWindow top(ChildOf(nullptr));
-    const std::vector<HWND> children = Children(nullptr);
-    EXPECT_NE(std::find(children.begin(), children.end(), top.hwnd()), children.end());
-    EXPECT_EQ(Children(nullptr), Children(g_hWndDesktop));
-}
+    TestWindow parent(ObjectSpec(nullptr));
+    const std::vector<HWND> topLevel = Children(nullptr);
+    EXPECT_NE(std::find(topLevel.begin(), topLevel.end(), parent.hwnd()), topLevel.end());
+    EXPECT_EQ(topLevel, Children(g_hWndDesktop));
 
-TEST(WindowTree, ChildListOfOneThread)
-{
-    TestWindow parent(ChildOf(nullptr));
-    TestWindow mine(ChildOf(parent.hwnd()));
+    TestWindow mine(ObjectSpec(parent.hwnd()));
     {
-        TestWindow other(ChildOf(parent.hwnd()));
+        TestWindow other(ObjectSpec(parent.hwnd()));
         {
             vorlan::GtkCriticalSection lock;
             other.object()->dwThreadId = GetCurrentThreadId() + 1;
@@ -105,27 +77,17 @@ TEST(WindowTree, ChildListOfOneThread)
         EXPECT_EQ(Children(parent.hwnd(), GetCurrentThreadId()), std::vector<HWND>{mine.hwnd()});
         EXPECT_EQ(Children(parent.hwnd()).size(), 2u);
     }
-    TestWindow empty(ChildOf(nullptr));
-    EXPECT_TRUE(Children(empty.hwnd()).empty());
+    EXPECT_TRUE(Children(mine.hwnd()).empty());
 }
 
 TEST(WindowTree, BadHandlesGive1400)
 {
-    TestWindow window(ChildOf(nullptr));
+    TestWindow window(ObjectSpec(nullptr));
+    const HWND bad = FakeHwnd(65000), good = window.hwnd();
     vorlan::GtkCriticalSection lock;
-    SetLastError(0);
-    EXPECT_FALSE(LinkWindow(Bad(), window.hwnd()));
-    EXPECT_EQ(GetLastError(), 1400u);
-    SetLastError(0);
-    EXPECT_FALSE(LinkWindowEx(window.hwnd(), Bad(), LINK_FIRST_CHILD));
-    EXPECT_EQ(GetLastError(), 1400u);
-    SetLastError(0);
-    EXPECT_FALSE(UnlinkWindow(Bad()));
-    EXPECT_EQ(GetLastError(), 1400u);
-    SetLastError(0);
-    EXPECT_EQ(GetWindowChildList(Bad()), nullptr);
-    EXPECT_EQ(GetLastError(), 1400u);
-    SetLastError(0);
-    EXPECT_FALSE(FreeWindowList(nullptr));
-    EXPECT_EQ(GetLastError(), 87u);
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return LinkWindow(bad, good); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return LinkWindowEx(good, bad, LINK_FIRST_CHILD); }));
+    EXPECT_TRUE(FailsWith(1400, FALSE, [&] { return UnlinkWindow(bad); }));
+    EXPECT_TRUE(FailsWith(1400, nullptr, [&] { return GetWindowChildList(bad); }));
+    EXPECT_TRUE(FailsWith(87, FALSE, [] { return FreeWindowList(nullptr); }));
 }

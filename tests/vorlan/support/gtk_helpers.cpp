@@ -10,10 +10,7 @@
 
 namespace vorlan_test {
 
-Display *XDisplay()
-{
-    return gdk_x11_get_default_xdisplay();
-}
+Display *XDisplay() { return gdk_x11_get_default_xdisplay(); }
 
 bool PumpUntil(const std::function<bool()> &done, int timeoutMilliseconds)
 {
@@ -70,10 +67,7 @@ PopupWindow::~PopupWindow()
     gtk_widget_destroy(m_widget);
 }
 
-XID PopupWindow::xid() const
-{
-    return GDK_WINDOW_XID(window());
-}
+XID PopupWindow::xid() const { return GDK_WINDOW_XID(window()); }
 
 PlainGdkWindow::PlainGdkWindow(int x, int y, int width, int height)
 {
@@ -99,10 +93,7 @@ PlainGdkWindow::~PlainGdkWindow()
     gdk_window_destroy(m_window);
 }
 
-XID PlainGdkWindow::xid() const
-{
-    return GDK_WINDOW_XID(m_window);
-}
+XID PlainGdkWindow::xid() const { return GDK_WINDOW_XID(m_window); }
 
 ForeignXWindow::ForeignXWindow() : m_xid(CreateXWindow()) {}
 

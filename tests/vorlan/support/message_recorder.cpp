@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <map>
 
 namespace vorlan_test {
 
@@ -124,34 +125,21 @@ std::vector<RecordedMessage> MessageRecorder::Of(HWND hwnd, UINT message) const
 
 std::string MessageName(UINT message)
 {
-    switch (message) {
-    case WM_NCCREATE: return "NCCREATE";
-    case WM_NCCALCSIZE: return "NCCALCSIZE";
-    case WM_CREATE: return "CREATE";
-    case WM_SIZE: return "SIZE";
-    case WM_MOVE: return "MOVE";
-    case WM_PARENTNOTIFY: return "PARENTNOTIFY";
-    case WM_SHOWWINDOW: return "SHOWWINDOW";
-    case WM_DESTROY: return "DESTROY";
-    case WM_NCDESTROY: return "NCDESTROY";
-    case WM_WINDOWPOSCHANGING: return "POSCHANGING";
-    case WM_WINDOWPOSCHANGED: return "POSCHANGED";
-    case WM_GETMINMAXINFO: return "GETMINMAXINFO";
-    case WM_SETTEXT: return "SETTEXT";
-    case WM_GETTEXT: return "GETTEXT";
-    case WM_GETTEXTLENGTH: return "GETTEXTLENGTH";
-    case WM_CLOSE: return "CLOSE";
-    case WM_CONTEXTMENU: return "CONTEXTMENU";
-    case WM_HELP: return "HELP";
-    case WM_PAINT: return "PAINT";
-    case WM_NCPAINT: return "NCPAINT";
-    case WM_ERASEBKGND: return "ERASEBKGND";
-    default: {
-        char text[16];
-        std::snprintf(text, sizeof text, "0x%04x", message);
-        return text;
-    }
-    }
+    static const std::map<UINT, const char *> names = {
+        {WM_NCCREATE, "NCCREATE"}, {WM_NCCALCSIZE, "NCCALCSIZE"}, {WM_CREATE, "CREATE"}, {WM_SIZE, "SIZE"},
+        {WM_MOVE, "MOVE"}, {WM_PARENTNOTIFY, "PARENTNOTIFY"}, {WM_SHOWWINDOW, "SHOWWINDOW"},
+        {WM_DESTROY, "DESTROY"}, {WM_NCDESTROY, "NCDESTROY"}, {WM_WINDOWPOSCHANGING, "POSCHANGING"},
+        {WM_WINDOWPOSCHANGED, "POSCHANGED"}, {WM_GETMINMAXINFO, "GETMINMAXINFO"}, {WM_SETTEXT, "SETTEXT"},
+        {WM_GETTEXT, "GETTEXT"}, {WM_GETTEXTLENGTH, "GETTEXTLENGTH"}, {WM_CLOSE, "CLOSE"},
+        {WM_CONTEXTMENU, "CONTEXTMENU"}, {WM_HELP, "HELP"}, {WM_PAINT, "PAINT"}, {WM_NCPAINT, "NCPAINT"},
+        {WM_ERASEBKGND, "ERASEBKGND"},
+    };
+    const auto known = names.find(message);
+    if (known != names.end())
+        return known->second;
+    char text[16];
+    std::snprintf(text, sizeof text, "0x%04x", message);
+    return text;
 }
 
 } // namespace vorlan_test
