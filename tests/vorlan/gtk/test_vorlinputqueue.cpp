@@ -65,7 +65,9 @@ protected:
     HWND m_mouseWindow = nullptr;
 };
 
-TEST_F(InputQueue, MovesWithTheSameButtonsMergeIntoTheLast)
+// A mouse move merges into a move right before it with the same buttons; a
+// wheel step into one before it with the same direction and modifiers.
+TEST_F(InputQueue, MovesAndWheelStepsMergeOnlyWithTheirLikeRightBefore)
 {
     Move(1, 1);
     Move(2, 2);
@@ -74,53 +76,29 @@ TEST_F(InputQueue, MovesWithTheSameButtonsMergeIntoTheLast)
     ASSERT_EQ(records.size(), 1u);
     EXPECT_EQ(records[0].pt.x, 3);
     EXPECT_EQ(records[0].pt.y, 4);
-
+    Move(5, 5, INPUT_FLAG_LBUTTON);
+    Key(WM_KEYDOWN, 'A');
     Move(5, 5, INPUT_FLAG_LBUTTON);
     records = Records();
-    ASSERT_EQ(records.size(), 2u);
+    ASSERT_EQ(records.size(), 4u);
     EXPECT_LT(records[0].uId, records[1].uId);
-}
-
-TEST_F(InputQueue, MoveAfterAnotherRecordStartsANewOne)
-{
-    Move(1, 1);
-    Key(WM_KEYDOWN, 'A');
-    Move(2, 2);
-    EXPECT_EQ(Records().size(), 3u);
-}
-
-TEST_F(InputQueue, WheelStepsOfOneDirectionAddUp)
-{
-    Wheel(120);
-    Wheel(120);
-    auto records = Records();
-    ASSERT_EQ(records.size(), 1u);
-    EXPECT_EQ(static_cast<LONG>(records[0].wParam), 240);
-
     MSG msg;
+    while (LockedPeek(&msg)) {
+    }
+
+    Wheel(120);
+    Wheel(120);
+    Wheel(-120);
+    Wheel(-120);
+    Wheel(-120, INPUT_FLAG_CONTROL);
+    records = Records();
+    ASSERT_EQ(records.size(), 3u);
+    EXPECT_EQ(static_cast<LONG>(records[0].wParam), 240);
+    EXPECT_EQ(static_cast<LONG>(records[1].wParam), -240);
+    EXPECT_EQ(static_cast<LONG>(records[2].wParam), -120);
     ASSERT_TRUE(LockedPeek(&msg));
     EXPECT_EQ(msg.message, static_cast<UINT>(WM_MOUSEWHEEL));
     EXPECT_EQ(HIWORD(msg.wParam), 240);
-}
-
-TEST_F(InputQueue, WheelStepsOfOppositeDirectionsStayApart)
-{
-    Wheel(120);
-    Wheel(-120);
-    auto records = Records();
-    ASSERT_EQ(records.size(), 2u);
-    EXPECT_EQ(static_cast<LONG>(records[1].wParam), -120);
-    Wheel(-120);
-    records = Records();
-    ASSERT_EQ(records.size(), 2u);
-    EXPECT_EQ(static_cast<LONG>(records[1].wParam), -240);
-}
-
-TEST_F(InputQueue, WheelStepsWithOtherModifiersStayApart)
-{
-    Wheel(120);
-    Wheel(120, INPUT_FLAG_CONTROL);
-    EXPECT_EQ(Records().size(), 2u);
 }
 
 TEST_F(InputQueue, FlagsTellTheRecordClasses)
@@ -138,22 +116,15 @@ TEST_F(InputQueue, FlagsTellTheRecordClasses)
     EXPECT_EQ(Data()->qsFlags.load() & QS_FLAG_INPUT, 0u);
 }
 
-TEST_F(InputQueue, CharFilterAloneWantsNoKeyRecord)
-{
-    Key(WM_KEYDOWN, 'A');
-    MSG msg;
-    EXPECT_FALSE(LockedPeek(&msg, nullptr, WM_CHAR, WM_CHAR));
-    EXPECT_EQ(Records().size(), 1u);
-    ASSERT_TRUE(LockedPeek(&msg, nullptr, WM_KEYFIRST, WM_KEYLAST));
-    EXPECT_EQ(msg.message, static_cast<UINT>(WM_KEYDOWN));
-    EXPECT_EQ(msg.hwnd, m_keyWindow);
-}
-
+// A WM_CHAR filter alone wants no key record; class filters pick pointer
+// or keyboard records, each for its target window.
 TEST_F(InputQueue, ClassFiltersPickPointerOrKeyboard)
 {
     Key(WM_KEYDOWN, 'A');
     Move(7, 8);
     MSG msg;
+    EXPECT_FALSE(LockedPeek(&msg, nullptr, WM_CHAR, WM_CHAR));
+    EXPECT_EQ(Records().size(), 2u);
     ASSERT_TRUE(LockedPeek(&msg, nullptr, WM_MOUSEFIRST, WM_MOUSELAST));
     EXPECT_EQ(msg.message, static_cast<UINT>(WM_MOUSEMOVE));
     EXPECT_EQ(msg.hwnd, m_mouseWindow);
@@ -162,6 +133,7 @@ TEST_F(InputQueue, ClassFiltersPickPointerOrKeyboard)
     EXPECT_FALSE(LockedPeek(&msg, nullptr, WM_MOUSEFIRST, WM_MOUSELAST));
     ASSERT_TRUE(LockedPeek(&msg, nullptr, WM_KEYDOWN, WM_CHAR));
     EXPECT_EQ(msg.message, static_cast<UINT>(WM_KEYDOWN));
+    EXPECT_EQ(msg.hwnd, m_keyWindow);
 }
 
 TEST_F(InputQueue, RecordRejectedByTheWindowFilterKeepsItsPlace)
@@ -190,6 +162,8 @@ TEST_F(InputQueue, KeyWithoutATargetIsDroppedWhenPeeked)
     EXPECT_EQ(Data()->qsFlags.load() & QS_FLAG_INPUT, 0u);
 }
 
+// The key state changes when a record is removed, not when it is peeked,
+// and then follows every modifier flag of that record.
 TEST_F(InputQueue, KeyStateFollowsTheRemovedRecord)
 {
     Data()->keyState['Q'] = -128;
@@ -206,20 +180,14 @@ TEST_F(InputQueue, KeyStateFollowsTheRemovedRecord)
     EXPECT_EQ(Data()->keyState[VK_MENU], 0);
     EXPECT_EQ(Data()->keyState['Q'], 0);
     EXPECT_EQ(msg.wParam, static_cast<WPARAM>(MK_LBUTTON | MK_SHIFT));
-}
 
-TEST_F(InputQueue, AllModifierFlagsReachTheKeyState)
-{
-    Key(WM_KEYDOWN, 'A',
-        INPUT_FLAG_CONTROL | INPUT_FLAG_ALT | INPUT_FLAG_MBUTTON | INPUT_FLAG_RBUTTON);
-    MSG msg;
+    Key(WM_KEYDOWN, 'A', INPUT_FLAG_CONTROL | INPUT_FLAG_ALT | INPUT_FLAG_MBUTTON | INPUT_FLAG_RBUTTON);
     ASSERT_TRUE(LockedPeek(&msg));
-    EXPECT_EQ(Data()->keyState[VK_CONTROL], -128);
-    EXPECT_EQ(Data()->keyState[VK_MENU], -128);
-    EXPECT_EQ(Data()->keyState[VK_MBUTTON], -128);
-    EXPECT_EQ(Data()->keyState[VK_RBUTTON], -128);
-    EXPECT_EQ(Data()->keyState[VK_SHIFT], 0);
     EXPECT_EQ(msg.wParam, static_cast<WPARAM>('A'));
+    for (int key : {VK_CONTROL, VK_MENU, VK_MBUTTON, VK_RBUTTON})
+        EXPECT_EQ(Data()->keyState[key], -128) << key;
+    for (int key : {VK_SHIFT, VK_LBUTTON})
+        EXPECT_EQ(Data()->keyState[key], 0) << key;
 }
 
 TEST_F(InputQueue, RemovingAnUnknownRecordChangesNothing)

@@ -1,10 +1,7 @@
 // The locale calls: default ids, GetLocaleInfoW over the narrow form,
-// IsValidLocale over ICU, the keyboard layout stand-ins, and that none of
-// them takes the toolkit lock.
+// IsValidLocale over ICU and the keyboard layout stand-ins.
 
 #include <gtest/gtest.h>
-
-#include "support/gdk_lock_counter.h"
 
 #include <windows.h>
 
@@ -12,8 +9,6 @@
 
 #include <cstring>
 #include <string>
-
-using vorlan_test::GdkLockCounter;
 
 namespace {
 
@@ -37,31 +32,24 @@ TEST(LocaleIds, FollowSystemDefault)
     EXPECT_EQ(GetThreadLocale(), system);
     EXPECT_EQ(GetSystemDefaultLangID(), LANGIDFROMLCID(system));
     EXPECT_EQ(GetUserDefaultLangID(), LANGIDFROMLCID(system));
-}
-
-TEST(LocaleIds, KeyboardLayoutIsLanguageId)
-{
-    EXPECT_EQ(reinterpret_cast<UINT_PTR>(GetKeyboardLayout(0)), UINT_PTR(LANGIDFROMLCID(GetSystemDefaultLCID())));
+    EXPECT_EQ(reinterpret_cast<UINT_PTR>(GetKeyboardLayout(0)), UINT_PTR(LANGIDFROMLCID(system)));
     EXPECT_EQ(GetKeyboardLayout(12345), GetKeyboardLayout(0));
 }
 
-TEST(LocaleInfoW, WidensNarrowText)
+TEST(LocaleInfoW, WidensNarrowTextAndCountsLikeTheNarrowForm)
 {
     char narrow[64] = {};
     const int narrowCount = GetLocaleInfoA(kEnglishUs, LOCALE_SENGLANGUAGE, narrow, sizeof narrow);
     ASSERT_GT(narrowCount, 0);
-    WCHAR wide[64];
+    static WCHAR wide[1000];
     EXPECT_EQ(GetLocaleInfoW(kEnglishUs, LOCALE_SENGLANGUAGE, wide, 64), narrowCount);
     EXPECT_EQ(Narrow(wide), std::string(narrow));
+    EXPECT_EQ(GetLocaleInfoW(kEnglishUs, LOCALE_SENGLANGUAGE, wide, 1000), narrowCount);
+    EXPECT_EQ(GetLocaleInfoW(kEnglishUs, LOCALE_SDECIMAL, nullptr, 0),
+              GetLocaleInfoA(kEnglishUs, LOCALE_SDECIMAL, nullptr, 0));
 }
 
-TEST(LocaleInfoW, SizeZeroGivesNarrowCount)
-{
-    const int narrowCount = GetLocaleInfoA(kEnglishUs, LOCALE_SDECIMAL, nullptr, 0);
-    EXPECT_EQ(GetLocaleInfoW(kEnglishUs, LOCALE_SDECIMAL, nullptr, 0), narrowCount);
-}
-
-TEST(LocaleInfoW, ShortBufferFailsAndLeavesBuffer)
+TEST(LocaleInfoW, ShortBufferAndBadArgumentsFailAndLeaveTheBuffer)
 {
     const int needed = GetLocaleInfoA(kEnglishUs, LOCALE_SENGLANGUAGE, nullptr, 0);
     ASSERT_GT(needed, 2);
@@ -71,20 +59,14 @@ TEST(LocaleInfoW, ShortBufferFailsAndLeavesBuffer)
     SetLastError(0);
     EXPECT_EQ(GetLocaleInfoW(kEnglishUs, LOCALE_SENGLANGUAGE, wide, needed - 1), 0);
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INSUFFICIENT_BUFFER));
-    for (WCHAR unit : wide)
-        EXPECT_EQ(unit, kSentinel);
-}
-
-TEST(LocaleInfoW, BadArgumentsFail)
-{
-    WCHAR wide[4] = {kSentinel, kSentinel, kSentinel, kSentinel};
     SetLastError(0);
     EXPECT_EQ(GetLocaleInfoW(kEnglishUs, LOCALE_SDECIMAL, nullptr, 4), 0);
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
     SetLastError(0);
     EXPECT_EQ(GetLocaleInfoW(kEnglishUs, LOCALE_SDECIMAL, wide, -1), 0);
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    EXPECT_EQ(wide[0], kSentinel);
+    for (WCHAR unit : wide)
+        EXPECT_EQ(unit, kSentinel);
 }
 
 TEST(LocaleInfoW, NumberIsTwoUnits)
@@ -104,22 +86,11 @@ TEST(LocaleInfoW, NumberIsTwoUnits)
     EXPECT_EQ(wide[2], kSentinel);
 }
 
-TEST(LocaleInfoW, LargeBufferSizes)
-{
-    static WCHAR wide[1000];
-    EXPECT_GT(GetLocaleInfoW(kEnglishUs, LOCALE_SENGLANGUAGE, wide, 1000), 0);
-    EXPECT_EQ(Narrow(wide).empty(), false);
-}
-
-TEST(ValidLocale, IcuLocalesAreValid)
+TEST(ValidLocale, IcuLocalesAreValidAndUnknownIdsAreNot)
 {
     EXPECT_TRUE(IsValidLocale(kEnglishUs, LCID_INSTALLED));
     EXPECT_TRUE(IsValidLocale(uloc_getLCID("de_DE"), LCID_SUPPORTED));
     EXPECT_TRUE(IsValidLocale(uloc_getLCID("ja_JP"), LCID_INSTALLED));
-}
-
-TEST(ValidLocale, UnknownIdsAreNotValid)
-{
     EXPECT_FALSE(IsValidLocale(0x7FFF, LCID_INSTALLED));
     EXPECT_FALSE(IsValidLocale(0xFFFFFFFF, LCID_INSTALLED));
     EXPECT_FALSE(IsValidLocale(0, LCID_INSTALLED));
@@ -130,15 +101,4 @@ TEST(KeyboardStandIns, DoNothing)
     EXPECT_EQ(LoadKeyboardLayoutA("00000409", KLF_ACTIVATE), nullptr);
     EXPECT_EQ(ActivateKeyboardLayout(GetKeyboardLayout(0), 0), nullptr);
     EXPECT_FALSE(ExitWindowsEx(EWX_LOGOFF, 0));
-}
-
-TEST(LocaleCalls, TakeNoToolkitLock)
-{
-    GdkLockCounter counter;
-    WCHAR wide[64];
-    GetLocaleInfoW(kEnglishUs, LOCALE_SENGLANGUAGE, wide, 64);
-    IsValidLocale(kEnglishUs, 0);
-    GetThreadLocale();
-    GetKeyboardLayout(0);
-    EXPECT_EQ(counter.enters(), 0);
 }

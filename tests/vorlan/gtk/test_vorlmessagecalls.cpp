@@ -59,50 +59,32 @@ protected:
     void TearDown() override { ResetCurrentThreadQueues(); }
 };
 
-TEST_F(MessageCalls, QuitCodeReachesGetMessage)
+TEST_F(MessageCalls, PostsAndQuitReachGetMessageAndPeekMessage)
 {
-    PostQuitMessage(42);
+    TestWindow window(HiddenTopLevel());
+    ASSERT_TRUE(PostMessageW(nullptr, WM_PROBE, 3, 4));
+    ASSERT_TRUE(PostMessageA(window.hwnd(), WM_PROBE, 1, 2));
     MSG msg = {};
+    ASSERT_TRUE(PeekMessageW(&msg, nullptr, 0, 0, PM_NOREMOVE));
+    EXPECT_EQ(msg.message, WM_PROBE);
+    EXPECT_EQ(GetMessageW(&msg, window.hwnd(), WM_PROBE, WM_PROBE), 1);
+    EXPECT_EQ(msg.hwnd, window.hwnd());
+    EXPECT_EQ(msg.wParam, static_cast<WPARAM>(1));
+    EXPECT_EQ(GetMessageA(&msg, nullptr, 0, 0), 1);
+    EXPECT_EQ(msg.hwnd, nullptr);
+    EXPECT_EQ(msg.message, WM_PROBE);
+    EXPECT_EQ(msg.wParam, static_cast<WPARAM>(3));
+    EXPECT_EQ(msg.lParam, static_cast<LPARAM>(4));
+    EXPECT_FALSE(PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE));
+
+    PostQuitMessage(42);
     EXPECT_EQ(GetMessageW(&msg, nullptr, 0, 0), 0);
     EXPECT_EQ(msg.message, static_cast<UINT>(WM_QUIT));
     EXPECT_EQ(msg.wParam, static_cast<WPARAM>(42));
     EXPECT_FALSE(PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE));
 }
 
-TEST_F(MessageCalls, PostWithoutWindowReachesGetMessage)
-{
-    ASSERT_TRUE(PostMessageW(nullptr, WM_PROBE, 3, 4));
-    MSG msg = {};
-    EXPECT_EQ(GetMessageA(&msg, nullptr, 0, 0), 1);
-    EXPECT_EQ(msg.hwnd, nullptr);
-    EXPECT_EQ(msg.message, WM_PROBE);
-    EXPECT_EQ(msg.wParam, static_cast<WPARAM>(3));
-    EXPECT_EQ(msg.lParam, static_cast<LPARAM>(4));
-}
-
-TEST_F(MessageCalls, PostToOwnWindowIsFoundByItsFilter)
-{
-    TestWindow window(HiddenTopLevel());
-    ASSERT_TRUE(PostMessageA(window.hwnd(), WM_PROBE, 1, 2));
-    MSG msg = {};
-    EXPECT_EQ(GetMessageW(&msg, window.hwnd(), WM_PROBE, WM_PROBE), 1);
-    EXPECT_EQ(msg.hwnd, window.hwnd());
-    EXPECT_EQ(msg.message, WM_PROBE);
-}
-
-TEST_F(MessageCalls, PeekWithoutRemovalLeavesTheMessage)
-{
-    ASSERT_TRUE(PostMessageW(nullptr, WM_PROBE, 9, 0));
-    MSG msg = {};
-    ASSERT_TRUE(PeekMessageW(&msg, nullptr, 0, 0, PM_NOREMOVE));
-    EXPECT_EQ(msg.message, WM_PROBE);
-    ASSERT_TRUE(PeekMessageA(&msg, nullptr, 0, 0, PM_REMOVE));
-    EXPECT_EQ(msg.message, WM_PROBE);
-    EXPECT_EQ(msg.wParam, static_cast<WPARAM>(9));
-    EXPECT_FALSE(PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE));
-}
-
-TEST_F(MessageCalls, PostThreadMessageReachesAWorker)
+TEST_F(MessageCalls, PostThreadMessageReachesAWorkerAndNotAThreadWithoutQueue)
 {
     std::atomic<DWORD> workerTid{0};
     std::atomic<UINT> received{0};
@@ -116,45 +98,35 @@ TEST_F(MessageCalls, PostThreadMessageReachesAWorker)
             received = msg.message;
         }
     });
-    ASSERT_TRUE(SpinUntil([&] { return workerTid.load() != 0; }));
+    SpinUntil([&] { return workerTid.load() != 0; });
     EXPECT_TRUE(PostThreadMessageA(workerTid, WM_PROBE, 77, 0));
     worker.join();
     EXPECT_EQ(received.load(), WM_PROBE);
     EXPECT_EQ(wParam, static_cast<WPARAM>(77));
-}
 
-TEST_F(MessageCalls, PostThreadMessageToThreadWithoutQueueGives1444)
-{
     SetLastError(0);
     EXPECT_FALSE(PostThreadMessageA(EndedThreadId(), WM_PROBE, 0, 0));
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_THREAD_ID));
 }
 
-TEST_F(MessageCalls, BadHandlesGive1400)
+// A handle that names no window, or a window of another thread, as filter
+// or target.
+TEST_F(MessageCalls, BadHandlesAndWindowsOfOtherThreadsGive1400)
 {
     const HWND bogus = reinterpret_cast<HWND>(static_cast<ULONG_PTR>(0x1234));
     MSG msg = {};
     SetLastError(0);
     EXPECT_FALSE(PostMessageW(bogus, WM_PROBE, 0, 0));
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_WINDOW_HANDLE));
-    SetLastError(0);
-    EXPECT_FALSE(PeekMessageW(&msg, bogus, 0, 0, PM_REMOVE));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_WINDOW_HANDLE));
-    SetLastError(0);
-    EXPECT_EQ(GetMessageW(&msg, bogus, 0, 0), -1);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_WINDOW_HANDLE));
-}
-
-TEST_F(MessageCalls, WindowOfAnotherThreadGives1400)
-{
-    ForeignThreadWindow window;
-    MSG msg = {};
-    SetLastError(0);
-    EXPECT_FALSE(PeekMessageW(&msg, window.hwnd(), 0, 0, PM_REMOVE));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_WINDOW_HANDLE));
-    SetLastError(0);
-    EXPECT_EQ(GetMessageA(&msg, window.hwnd(), 0, 0), -1);
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_WINDOW_HANDLE));
+    ForeignThreadWindow foreign;
+    for (HWND hWnd : {bogus, foreign.hwnd()}) {
+        SetLastError(0);
+        EXPECT_FALSE(PeekMessageW(&msg, hWnd, 0, 0, PM_REMOVE));
+        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_WINDOW_HANDLE));
+        SetLastError(0);
+        EXPECT_EQ(GetMessageA(&msg, hWnd, 0, 0), -1);
+        EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_WINDOW_HANDLE));
+    }
 }
 
 TEST_F(MessageCalls, RefusedArgumentsGive87)

@@ -80,73 +80,34 @@ protected:
     }
 };
 
-// A worker thread with thread data and a window of its own, serving its
-// queue until it has taken a message of `awaited`.
-class WorkerWithWindow {
-public:
-    explicit WorkerWithWindow(UINT awaited)
-    {
-        m_thread = std::thread([this, awaited] {
-            ThreadData::GetCurrentThreadData();
-            TestWindow window(TopLevel());
-            m_hWnd = window.hwnd();
-            ServeMessagesUntil([this] { return m_received.load(); },
-                               [this, awaited](const MSG &msg) {
-                                   if (msg.message != awaited)
-                                       return;
-                                   m_msg = msg;
-                                   m_received = true;
-                               });
-        });
-        SpinUntil([this] { return m_hWnd.load() != nullptr; });
-    }
-    ~WorkerWithWindow()
-    {
-        if (m_thread.joinable())
-            m_thread.join();
-    }
-
-    HWND hwnd() const { return m_hWnd; }
-    // Waits for the worker to end; then received() and msg() are final.
-    void join() { m_thread.join(); }
-    bool received() const { return m_received; }
-    const MSG &msg() const { return m_msg; }
-
-private:
-    std::atomic<HWND> m_hWnd{nullptr};
-    std::atomic<bool> m_received{false};
-    MSG m_msg = {};
-    std::thread m_thread;
-};
-
 TEST_F(RealWindowQueue, PostToAWindowOfAWorkerReachesTheWorkersQueue)
 {
     constexpr UINT kMessage = WM_USER + 71;
-    WorkerWithWindow worker(kMessage);
-    ASSERT_NE(worker.hwnd(), nullptr);
-    ASSERT_EQ(LockedPost(worker.hwnd(), kMessage, 11, 22), 1);
+    std::atomic<HWND> workerWindow{nullptr};
+    MSG received = {};
+    std::thread worker([&] {
+        ThreadData::GetCurrentThreadData();
+        TestWindow window(TopLevel());
+        workerWindow = window.hwnd();
+        ServeMessagesUntil([&] { return received.message == kMessage; },
+                           [&](const MSG &msg) {
+                               if (msg.message == kMessage)
+                                   received = msg;
+                           });
+    });
+    SpinUntil([&] { return workerWindow.load() != nullptr; });
+    EXPECT_EQ(LockedPost(workerWindow, kMessage, 11, 22), 1);
     worker.join();
-    ASSERT_TRUE(worker.received());
-    EXPECT_EQ(worker.msg().hwnd, worker.hwnd());
-    EXPECT_EQ(worker.msg().wParam, 11u);
-    EXPECT_EQ(worker.msg().lParam, 22);
+    EXPECT_EQ(received.hwnd, workerWindow.load());
+    EXPECT_EQ(received.wParam, 11u);
+    EXPECT_EQ(received.lParam, 22);
     MSG msg;
     EXPECT_FALSE(LockedPeek(&msg, nullptr, kMessage, kMessage)) << "the poster's own queue stays empty";
 }
 
-TEST_F(RealWindowQueue, PostToAWindowOfTheCallingThreadGoesToItsOwnQueue)
-{
-    TestWindow window(TopLevel());
-    ASSERT_EQ(LockedPost(window.hwnd(), WM_USER + 3, 5, 6), 1);
-    MSG msg;
-    ASSERT_TRUE(LockedPeek(&msg, window.hwnd()));
-    EXPECT_EQ(msg.hwnd, window.hwnd());
-    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 3));
-    EXPECT_EQ(msg.wParam, 5u);
-    EXPECT_EQ(msg.lParam, 6);
-}
-
-TEST_F(RealWindowQueue, PostToAWindowWhoseThreadHasNoQueueFails)
+// Whether a post is taken depends on the window's owning thread only: one
+// without a queue refuses it, the calling thread takes it in its own queue.
+TEST_F(RealWindowQueue, PostGoesToTheQueueOfTheWindowsThreadAndFailsWithoutOne)
 {
     TestWindow window(TopLevel());
     const DWORD gone = EndedThreadId();
@@ -161,14 +122,16 @@ TEST_F(RealWindowQueue, PostToAWindowWhoseThreadHasNoQueueFails)
     MSG msg;
     EXPECT_FALSE(LockedPeek(&msg));
 
-    // Only the owning thread decided: given back to this thread, the same
-    // window takes the post.
     {
         vorlan::GtkCriticalSection lock;
         window.object()->dwThreadId = GetCurrentThreadId();
     }
-    EXPECT_EQ(LockedPost(window.hwnd(), WM_USER), 1);
-    EXPECT_TRUE(LockedPeek(&msg));
+    ASSERT_EQ(LockedPost(window.hwnd(), WM_USER + 3, 5, 6), 1);
+    ASSERT_TRUE(LockedPeek(&msg, window.hwnd()));
+    EXPECT_EQ(msg.hwnd, window.hwnd());
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 3));
+    EXPECT_EQ(msg.wParam, 5u);
+    EXPECT_EQ(msg.lParam, 6);
 }
 
 TEST_F(RealWindowQueue, PaintQueuePutsAParentBeforeItsChild)
@@ -181,6 +144,7 @@ TEST_F(RealWindowQueue, PaintQueuePutsAParentBeforeItsChild)
     QueuePaint(other.hwnd());
     QueuePaint(child.hwnd());
     QueuePaint(parent.hwnd());
+    QueuePaint(child.hwnd()); // queued once only
     const std::deque<HWND> expected = {parent.hwnd(), child.hwnd(), grandchild.hwnd(), other.hwnd()};
     EXPECT_EQ(PaintQueue(), expected);
 
@@ -235,6 +199,8 @@ TEST_F(RealWindowQueue, PaintTakesThePendingNonClientPaint)
     EXPECT_TRUE(PaintQueue().empty()) << "no update region: the entry ends";
 }
 
+// A window filter takes the window's descendants and not its siblings; the
+// filter -1 takes only messages posted without a window.
 TEST_F(RealWindowQueue, WindowFilterTakesDescendantsAndNotSiblings)
 {
     TestWindow filter(TopLevel());
@@ -245,6 +211,7 @@ TEST_F(RealWindowQueue, WindowFilterTakesDescendantsAndNotSiblings)
     ASSERT_EQ(LockedPost(sibling.hwnd(), WM_USER + 1), 1);
     ASSERT_EQ(LockedPost(siblingsChild.hwnd(), WM_USER + 2), 1);
     ASSERT_EQ(LockedPost(child.hwnd(), WM_USER + 3), 1);
+    ASSERT_EQ(LockedPost(nullptr, WM_USER + 5), 1);
     ASSERT_EQ(LockedPost(grandchild.hwnd(), WM_USER + 4), 1);
 
     MSG msg;
@@ -255,6 +222,9 @@ TEST_F(RealWindowQueue, WindowFilterTakesDescendantsAndNotSiblings)
     EXPECT_EQ(msg.hwnd, grandchild.hwnd());
     EXPECT_FALSE(LockedPeek(&msg, filter.hwnd())) << "messages of a sibling pass the filter";
     EXPECT_FALSE(LockedPeek(&msg, child.hwnd()));
+    ASSERT_TRUE(LockedPeek(&msg, reinterpret_cast<HWND>(-1)));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 5));
+    EXPECT_FALSE(LockedPeek(&msg, reinterpret_cast<HWND>(-1)));
 
     ASSERT_TRUE(LockedPeek(&msg));
     EXPECT_EQ(msg.hwnd, sibling.hwnd());
@@ -262,38 +232,35 @@ TEST_F(RealWindowQueue, WindowFilterTakesDescendantsAndNotSiblings)
     EXPECT_EQ(msg.hwnd, siblingsChild.hwnd());
 }
 
-TEST_F(RealWindowQueue, ChildIsNotAboveItsParent)
-{
-    TestWindow parent(TopLevel());
-    TestWindow child(ChildOf(parent.hwnd()));
-    vorlan::GtkCriticalSection lock;
-    EXPECT_TRUE(vorlan::WindowIsDescendant(parent.hwnd(), child.hwnd()));
-    EXPECT_FALSE(vorlan::WindowIsDescendant(child.hwnd(), parent.hwnd()));
-    EXPECT_FALSE(vorlan::WindowIsDescendant(parent.hwnd(), parent.hwnd()));
-    EXPECT_FALSE(vorlan::WindowIsDescendant(nullptr, child.hwnd()));
-}
-
 TEST_F(RealWindowQueue, SeamsAnswerForWindowObjects)
 {
-    auto window = std::make_unique<TestWindow>(TopLevel());
-    const HWND hWnd = window->hwnd();
+    auto parent = std::make_unique<TestWindow>(TopLevel());
+    const HWND hWnd = parent->hwnd();
     {
+        TestWindow child(ChildOf(hWnd));
         vorlan::GtkCriticalSection lock;
+        EXPECT_TRUE(vorlan::WindowIsDescendant(hWnd, child.hwnd()));
+        EXPECT_FALSE(vorlan::WindowIsDescendant(child.hwnd(), hWnd));
+        EXPECT_FALSE(vorlan::WindowIsDescendant(hWnd, hWnd));
+        EXPECT_FALSE(vorlan::WindowIsDescendant(nullptr, child.hwnd()));
         EXPECT_EQ(vorlan::WindowThreadId(hWnd), GetCurrentThreadId());
         EXPECT_TRUE(vorlan::WindowExists(hWnd));
         EXPECT_FALSE(vorlan::HasUpdateRegion(hWnd));
         EXPECT_FALSE(vorlan::TakeNcPaintPending(hWnd));
     }
-    window.reset();
+    parent.reset();
     vorlan::GtkCriticalSection lock;
     EXPECT_EQ(vorlan::WindowThreadId(hWnd), 0u);
     EXPECT_FALSE(vorlan::WindowExists(hWnd));
     EXPECT_FALSE(vorlan::HasUpdateRegion(hWnd));
 }
 
-TEST(RealWindowThreadExit, AWorkerThatEndsTakesItsWindowsAlong)
+// A worker that ends takes its windows along; thread_exit on the main
+// thread keeps them.
+TEST(RealWindowThreadExit, AWorkerTakesItsWindowsAlongAndTheMainThreadKeepsItsOwn)
 {
     TestWindow mainWindow(TopLevel());
+    TestWindow mainChild(ChildOf(mainWindow.hwnd()));
     std::unique_ptr<TestWindow> workerTop, workerChild;
     HWND top = nullptr, child = nullptr;
     std::thread worker([&] {
@@ -304,22 +271,14 @@ TEST(RealWindowThreadExit, AWorkerThatEndsTakesItsWindowsAlong)
         child = workerChild->hwnd();
     });
     worker.join();
+    ThreadData::thread_exit(ThreadData::GetCurrentThreadData());
     vorlan::GtkCriticalSection lock;
     EXPECT_EQ(vorlan::getWindow(top), nullptr);
     EXPECT_EQ(vorlan::getWindow(child), nullptr);
     EXPECT_FALSE(vorlan::WindowExists(top));
-    EXPECT_NE(mainWindow.object(), nullptr) << "a window of another thread stays";
-}
-
-TEST(RealWindowThreadExit, TheMainThreadKeepsItsWindows)
-{
-    TestWindow window(TopLevel());
-    TestWindow child(ChildOf(window.hwnd()));
-    ThreadData::thread_exit(ThreadData::GetCurrentThreadData());
-    vorlan::GtkCriticalSection lock;
-    EXPECT_NE(window.object(), nullptr);
-    EXPECT_NE(child.object(), nullptr);
-    EXPECT_TRUE(vorlan::WindowExists(window.hwnd()));
+    EXPECT_NE(mainWindow.object(), nullptr);
+    EXPECT_NE(mainChild.object(), nullptr);
+    EXPECT_TRUE(vorlan::WindowExists(mainWindow.hwnd()));
 }
 
 } // namespace

@@ -76,6 +76,8 @@ private:
     std::unique_ptr<TestWindow> m_window;
 };
 
+// The procedure runs without the toolkit lock, with the caller's arguments;
+// the A form converts text for a wide procedure.
 TEST_F(SendMessageCalls, SameThreadSendCallsTheProcedure)
 {
     EXPECT_EQ(SendMessageW(window(), WM_PROBE, 4, 2), static_cast<LRESULT>(42));
@@ -84,10 +86,6 @@ TEST_F(SendMessageCalls, SameThreadSendCallsTheProcedure)
     EXPECT_EQ(g_received.wParam, static_cast<WPARAM>(4));
     EXPECT_EQ(g_received.lParam, static_cast<LPARAM>(2));
     EXPECT_FALSE(g_received.lockHeld);
-}
-
-TEST_F(SendMessageCalls, AnsiSendConvertsTextForAWideProcedure)
-{
     EXPECT_EQ(SendMessageA(window(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>("Hello")), static_cast<LRESULT>(TRUE));
     EXPECT_EQ(g_received.message, static_cast<UINT>(WM_SETTEXT));
     EXPECT_EQ(g_received.text, u"Hello");
@@ -102,33 +100,28 @@ TEST_F(SendMessageCalls, DeadWindowAnswersZeroWith1400)
     EXPECT_EQ(g_received.message, 0u);
 }
 
-TEST_F(SendMessageCalls, WorkerSendReturnsTheProceduresResult)
+// A send from another thread is answered through the queues; text cannot
+// cross threads.
+TEST_F(SendMessageCalls, WorkerSendReturnsTheProceduresResultAndTextIsRefusedWith87)
 {
     std::atomic<bool> done{false};
     std::atomic<LRESULT> result{0};
+    std::atomic<LRESULT> textResult{-1};
+    std::atomic<DWORD> error{0};
     const HWND target = window();
     std::thread worker([&] {
         result = SendMessageW(target, WM_PROBE, 7, 3);
+        SetLastError(0);
+        textResult = SendMessageA(target, WM_SETTEXT, 0, reinterpret_cast<LPARAM>("x"));
+        error = GetLastError();
         done = true;
     });
     EXPECT_TRUE(ServeMessagesUntil([&] { return done.load(); }, nullptr, 10000));
     worker.join();
     EXPECT_EQ(result.load(), static_cast<LRESULT>(73));
     EXPECT_EQ(g_received.hwnd, target);
-}
-
-TEST_F(SendMessageCalls, CrossThreadSendOfTextIsRefusedWith87)
-{
-    std::atomic<LRESULT> result{-1};
-    std::atomic<DWORD> error{0};
-    const HWND target = window();
-    std::thread worker([&] {
-        SetLastError(0);
-        result = SendMessageA(target, WM_SETTEXT, 0, reinterpret_cast<LPARAM>("x"));
-        error = GetLastError();
-    });
-    worker.join();
-    EXPECT_EQ(result.load(), 0);
+    EXPECT_EQ(g_received.message, WM_PROBE);
+    EXPECT_EQ(textResult.load(), 0);
     EXPECT_EQ(error.load(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
 }
 

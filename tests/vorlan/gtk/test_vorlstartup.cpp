@@ -10,11 +10,14 @@
 #include <chrono>
 #include <future>
 
-TEST(Startup, MainThreadIsTheThreadThatLoadedTheLibrary)
+TEST(Startup, MainThreadIsTheThreadThatLoadedTheLibraryAndGtkIsUp)
 {
     EXPECT_EQ(vorlan::g_vorlData.dwMainThreadId, GetCurrentThreadId());
     const DWORD otherThread = std::async(std::launch::async, [] { return GetCurrentThreadId(); }).get();
     EXPECT_NE(vorlan::g_vorlData.dwMainThreadId, otherThread);
+    EXPECT_EQ(vorlan::g_vorlData.bPopupMenuRunning, FALSE);
+    vorlan::GtkCriticalSection lock;
+    EXPECT_NE(gdk_display_get_default(), nullptr);
 }
 
 TEST(Startup, LeavesTheToolkitLockFree)
@@ -24,15 +27,4 @@ TEST(Startup, LeavesTheToolkitLockFree)
     // Another thread gets the lock at once.
     auto other = std::async(std::launch::async, [] { vorlan::GtkCriticalSection lock; });
     EXPECT_EQ(other.wait_for(std::chrono::seconds(5)), std::future_status::ready);
-}
-
-TEST(Startup, NoPopupMenuIsRunning)
-{
-    EXPECT_EQ(vorlan::g_vorlData.bPopupMenuRunning, FALSE);
-}
-
-TEST(Startup, OpensTheDisplayAndInitialisesGtk)
-{
-    vorlan::GtkCriticalSection lock;
-    EXPECT_NE(gdk_display_get_default(), nullptr);
 }

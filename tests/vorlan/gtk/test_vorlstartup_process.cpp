@@ -7,8 +7,10 @@
 #include "support/child_process.h"
 
 #include <fstream>
+#include <optional>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <sys/stat.h>
 
 using vorlan_test::ChildResult;
@@ -63,30 +65,18 @@ bool DisplayServerExists(int n)
 
 } // namespace
 
-TEST(StartupProcess, UnsetDisplayBecomesDefaultDisplayBeforeGtkInit)
+TEST(StartupProcess, UnsetOrEmptyDisplayBecomesDefaultDisplayBeforeGtkInitAndASetOneIsKept)
 {
-    ChildOptions options = ProbeStoppingAtGtkInit("/usr/bin/app");
-    options.environment["DISPLAY"] = std::nullopt;
-    const ChildResult result = RunChild(options);
-    ASSERT_TRUE(result.exited) << result.Transcript();
-    EXPECT_EQ(ValueOr(result, "display_at_gtk_init"), ":0.0") << result.Transcript();
-}
-
-TEST(StartupProcess, EmptyDisplayBecomesDefaultDisplayBeforeGtkInit)
-{
-    ChildOptions options = ProbeStoppingAtGtkInit("/usr/bin/app");
-    options.environment["DISPLAY"] = std::string();
-    const ChildResult result = RunChild(options);
-    ASSERT_TRUE(result.exited) << result.Transcript();
-    EXPECT_EQ(ValueOr(result, "display_at_gtk_init"), ":0.0") << result.Transcript();
-}
-
-TEST(StartupProcess, SetDisplayIsKept)
-{
-    ChildOptions options = ProbeStoppingAtGtkInit("/usr/bin/app");
-    options.environment["DISPLAY"] = std::string(":42.0");
-    const ChildResult result = RunChild(options);
-    EXPECT_EQ(ValueOr(result, "display_at_gtk_init"), ":42.0") << result.Transcript();
+    const std::pair<std::optional<std::string>, std::string> cases[] = {
+        {std::nullopt, ":0.0"}, {"", ":0.0"}, {":42.0", ":42.0"}};
+    for (const auto &[display, expected] : cases) {
+        SCOPED_TRACE(display.value_or("(unset)"));
+        ChildOptions options = ProbeStoppingAtGtkInit("/usr/bin/app");
+        options.environment["DISPLAY"] = display;
+        const ChildResult result = RunChild(options);
+        ASSERT_TRUE(result.exited) << result.Transcript();
+        EXPECT_EQ(ValueOr(result, "display_at_gtk_init"), expected) << result.Transcript();
+    }
 }
 
 TEST(StartupProcess, HostLibraryIsUpBeforeGtkInit)
@@ -110,22 +100,27 @@ TEST(StartupProcess, DisplayThatCannotBeOpenedEndsTheProcessAsGtkDoes)
     EXPECT_FALSE(result.Value("module_path")) << "main() ran: " << result.Transcript();
 }
 
-TEST(StartupProcess, ModulePathIsTheProgramWithoutBranobin)
+// The module path is the program's name, or BRANOBIN's host program with or
+// without a trailing slash.
+TEST(StartupProcess, ModulePathComesFromTheProgramOrBranobin)
 {
-    const ChildResult result = RunChild(ProbeStoppingAtGtkInit("/opt/suite/bin/writer"));
-    EXPECT_EQ(ValueOr(result, "module_path"), "/opt/suite/bin/writer") << result.Transcript();
-}
-
-TEST(StartupProcess, BranobinWithAndWithoutSlashGiveTheSameModulePath)
-{
-    ChildOptions plain = ProbeStoppingAtGtkInit("/usr/bin/app");
-    plain.environment["BRANOBIN"] = std::string("/opt/host/bin");
-    ChildOptions slashed = ProbeStoppingAtGtkInit("/usr/bin/app");
-    slashed.environment["BRANOBIN"] = std::string("/opt/host/bin/");
-    const ChildResult plainResult = RunChild(plain);
-    const ChildResult slashedResult = RunChild(slashed);
-    EXPECT_EQ(ValueOr(plainResult, "module_path"), "/opt/host/bin/brano") << plainResult.Transcript();
-    EXPECT_EQ(ValueOr(slashedResult, "module_path"), "/opt/host/bin/brano") << slashedResult.Transcript();
+    struct Case {
+        const char *program;
+        std::optional<std::string> branobin;
+        const char *expected;
+    };
+    const Case cases[] = {
+        {"/opt/suite/bin/writer", std::nullopt, "/opt/suite/bin/writer"},
+        {"/usr/bin/app", "/opt/host/bin", "/opt/host/bin/brano"},
+        {"/usr/bin/app", "/opt/host/bin/", "/opt/host/bin/brano"},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.branobin.value_or(c.program));
+        ChildOptions options = ProbeStoppingAtGtkInit(c.program);
+        options.environment["BRANOBIN"] = c.branobin;
+        const ChildResult result = RunChild(options);
+        EXPECT_EQ(ValueOr(result, "module_path"), c.expected) << result.Transcript();
+    }
 }
 
 TEST(StartupProcess, ProgramNameIsReadUpTo259Bytes)
@@ -139,36 +134,28 @@ TEST(StartupProcess, ProgramNameIsReadUpTo259Bytes)
     EXPECT_EQ(ValueOr(result, "hooked_signals"), "") << result.Transcript();
 }
 
-TEST(StartupProcess, HostProgramByPathGetsFatalSignalHooks)
+// Only the host program, by path or bare name, with HOOK_FATAL_SIGNALS set
+// (to anything, even empty) hooks the fatal signals.
+TEST(StartupProcess, OnlyTheHostProgramWithTheHookVariableGetsFatalSignalHooks)
 {
-    ChildOptions options = ProbeStoppingAtGtkInit("/opt/host/bin/brano");
-    options.environment["HOOK_FATAL_SIGNALS"] = std::string("1");
-    const ChildResult result = RunChild(options);
-    EXPECT_EQ(ValueOr(result, "hooked_signals"), kAllFatalSignals) << result.Transcript();
-}
-
-TEST(StartupProcess, HostProgramByBareNameGetsFatalSignalHooks)
-{
-    ChildOptions options = ProbeStoppingAtGtkInit("brano");
-    options.environment["HOOK_FATAL_SIGNALS"] = std::string();
-    const ChildResult result = RunChild(options);
-    EXPECT_EQ(ValueOr(result, "hooked_signals"), kAllFatalSignals) << result.Transcript();
-}
-
-TEST(StartupProcess, OtherProgramsGetNoFatalSignalHooks)
-{
-    for (const char *name : {"/opt/host/bin/xbrano", "xbrano", "bran", "/opt/brano/app", "/opt/host/brano.bin"}) {
-        ChildOptions options = ProbeStoppingAtGtkInit(name);
-        options.environment["HOOK_FATAL_SIGNALS"] = std::string("1");
+    struct Case {
+        const char *program;
+        std::optional<std::string> hookVariable;
+        const char *expected;
+    };
+    const Case cases[] = {
+        {"/opt/host/bin/brano", "1", kAllFatalSignals}, {"brano", "", kAllFatalSignals},
+        {"/opt/host/bin/brano", std::nullopt, ""},      {"/opt/host/bin/xbrano", "1", ""},
+        {"xbrano", "1", ""},                            {"bran", "1", ""},
+        {"/opt/brano/app", "1", ""},                    {"/opt/host/brano.bin", "1", ""},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(std::string(c.program) + (c.hookVariable ? " with" : " without") + " HOOK_FATAL_SIGNALS");
+        ChildOptions options = ProbeStoppingAtGtkInit(c.program);
+        options.environment["HOOK_FATAL_SIGNALS"] = c.hookVariable;
         const ChildResult result = RunChild(options);
-        EXPECT_EQ(ValueOr(result, "hooked_signals"), "") << name << "\n" << result.Transcript();
+        EXPECT_EQ(ValueOr(result, "hooked_signals"), c.expected) << result.Transcript();
     }
-}
-
-TEST(StartupProcess, HostProgramWithoutHookVariableGetsNoHooks)
-{
-    const ChildResult result = RunChild(ProbeStoppingAtGtkInit("/opt/host/bin/brano"));
-    EXPECT_EQ(ValueOr(result, "hooked_signals"), "") << result.Transcript();
 }
 
 TEST(StartupProcess, HookedSignalIsReportedAndTheProcessWaits)
@@ -185,20 +172,17 @@ TEST(StartupProcess, HookedSignalIsReportedAndTheProcessWaits)
     EXPECT_EQ(result.out.find("hup_passed"), std::string::npos);
 }
 
-TEST(StartupProcess, XSynchronizeMakesTheConnectionSynchronous)
+TEST(StartupProcess, ConnectionIsSynchronousOnlyWithXSynchronize)
 {
-    ChildOptions options = ProbeOptions("/usr/bin/app", "xsync-state");
-    options.environment["XSynchronize"] = std::string("1");
-    const ChildResult result = RunChild(options);
-    ASSERT_TRUE(result.exited) << result.Transcript();
-    EXPECT_EQ(ValueOr(result, "x_synchronous"), "1") << result.Transcript();
-}
-
-TEST(StartupProcess, ConnectionIsAsynchronousWithoutXSynchronize)
-{
-    const ChildResult result = RunChild(ProbeOptions("/usr/bin/app", "xsync-state"));
-    ASSERT_TRUE(result.exited) << result.Transcript();
-    EXPECT_EQ(ValueOr(result, "x_synchronous"), "0") << result.Transcript();
+    for (bool synchronize : {true, false}) {
+        SCOPED_TRACE(synchronize ? "XSynchronize set" : "XSynchronize unset");
+        ChildOptions options = ProbeOptions("/usr/bin/app", "xsync-state");
+        if (synchronize)
+            options.environment["XSynchronize"] = std::string("1");
+        const ChildResult result = RunChild(options);
+        ASSERT_TRUE(result.exited) << result.Transcript();
+        EXPECT_EQ(ValueOr(result, "x_synchronous"), synchronize ? "1" : "0") << result.Transcript();
+    }
 }
 
 TEST(StartupProcess, XErrorUnderXSynchronizeIsReportedAndTheProcessWaits)

@@ -45,13 +45,19 @@ private:
 
 } // namespace
 
-TEST(QRTInitedCallback, ReadsTimeCostLogAndLogFile)
+TEST(QRTInitedCallback, ReadsTimeCostLogAndLogFileCutToTheBuffer)
 {
-    ScopedEnvironment timeCost("API_TIMECOST_LOG", "7");
-    ScopedEnvironment logFile("VORL_LOG_FILE", "/var/log/app/vorlan.log");
+    {
+        ScopedEnvironment timeCost("API_TIMECOST_LOG", "7");
+        ScopedEnvironment logFile("VORL_LOG_FILE", "/var/log/app/vorlan.log");
+        QRTInitedCallback();
+        EXPECT_EQ(vorlan::g_vorlData.nTimeCostLog, 7);
+        EXPECT_STREQ(vorlan::g_vorlData.szLogFile, "/var/log/app/vorlan.log");
+    }
+    const std::string longName = "/" + std::string(400, 'l');
+    ScopedEnvironment logFile("VORL_LOG_FILE", longName.c_str());
     QRTInitedCallback();
-    EXPECT_EQ(vorlan::g_vorlData.nTimeCostLog, 7);
-    EXPECT_STREQ(vorlan::g_vorlData.szLogFile, "/var/log/app/vorlan.log");
+    EXPECT_EQ(std::string(vorlan::g_vorlData.szLogFile), longName.substr(0, MAX_PATH - 1));
 }
 
 TEST(QRTInitedCallback, MissingSettingsGiveZeroAndEmptyName)
@@ -63,36 +69,19 @@ TEST(QRTInitedCallback, MissingSettingsGiveZeroAndEmptyName)
     EXPECT_STREQ(vorlan::g_vorlData.szLogFile, "");
 }
 
-TEST(QRTInitedCallback, LongLogFileNameIsCutToTheBuffer)
-{
-    const std::string longName = "/" + std::string(400, 'l');
-    ScopedEnvironment logFile("VORL_LOG_FILE", longName.c_str());
-    QRTInitedCallback();
-    EXPECT_EQ(std::string(vorlan::g_vorlData.szLogFile), longName.substr(0, MAX_PATH - 1));
-}
-
-TEST(GetWindowHandleFromXID, UnknownXWindowGivesZero)
+// Only a GDK window that carries a handle gives one: not an X window of
+// another client, not a bare GDK window, not a pixmap with the same data.
+TEST(GetWindowHandleFromXID, GivesTheHandleOfAGdkWindowThatHasOne)
 {
     ForeignXWindow foreign;
     EXPECT_EQ(GetWindowHandleFromXID(foreign.xid()), nullptr);
     EXPECT_EQ(GetWindowHandleFromXID(0), nullptr);
-}
 
-TEST(GetWindowHandleFromXID, GdkWindowWithoutHandleGivesZero)
-{
     PlainGdkWindow plain(0, 0, 10, 10);
     EXPECT_EQ(GetWindowHandleFromXID(plain.xid()), nullptr);
-}
-
-TEST(GetWindowHandleFromXID, GdkWindowWithHandleGivesTheHandle)
-{
-    PlainGdkWindow plain(0, 0, 10, 10);
     AttachHwnd(plain.window(), FakeHwnd(12));
     EXPECT_EQ(GetWindowHandleFromXID(plain.xid()), FakeHwnd(12));
-}
 
-TEST(GetWindowHandleFromXID, PixmapIsNoWindow)
-{
     GdkPixmap *pixmap = nullptr;
     {
         vorlan::GtkCriticalSection lock;

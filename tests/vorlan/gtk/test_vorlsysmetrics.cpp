@@ -1,5 +1,5 @@
 // GetSystemMetrics: the fixed values, the screen, the theme's scroll bar
-// width, bad indexes and the toolkit lock.
+// width and bad indexes; and which system value calls take the toolkit lock.
 
 #include <gtest/gtest.h>
 
@@ -11,46 +11,32 @@
 
 #include <gdk/gdk.h>
 
-#include <map>
+#include <functional>
+#include <utility>
+#include <vector>
 
 using vorlan_test::GdkLockCounter;
 
-namespace {
-
-int ScreenWidth()
+TEST(SystemMetrics, FixedValuesAndScreenSize)
 {
-    vorlan::GtkCriticalSection lock;
-    return gdk_screen_width();
-}
-
-int ScreenHeight()
-{
-    vorlan::GtkCriticalSection lock;
-    return gdk_screen_height();
-}
-
-} // namespace
-
-TEST(SystemMetrics, FixedValues)
-{
-    const std::map<int, int> expected = {
-        {SM_CYCAPTION, 26},     {SM_CXBORDER, 1},       {SM_CYBORDER, 1},      {SM_CXDLGFRAME, 3},
-        {SM_CYDLGFRAME, 3},     {SM_CYVTHUMB, 17},      {SM_CXHTHUMB, 17},     {SM_CXICON, 32},
-        {SM_CYICON, 32},        {SM_CXCURSOR, 32},      {SM_CYCURSOR, 32},     {SM_CYMENU, 20},
-        {SM_MOUSEPRESENT, 1},   {SM_DBCSENABLED, 1},    {SM_CXMIN, 123},       {SM_CYMIN, 34},
-        {SM_CXSIZE, 25},        {SM_CYSIZE, 25},        {SM_CXFRAME, 4},       {SM_CYFRAME, 4},
-        {SM_CXDRAG, 4},         {SM_CYDRAG, 4},         {SM_CYICONSPACING, 75}, {SM_CXEDGE, 2},
-        {SM_CYEDGE, 2},
+    // One entry of each value group, the first and last index among them.
+    const std::pair<int, int> expected[] = {
+        {SM_CYCAPTION, 26}, {SM_CXBORDER, 1},     {SM_CYDLGFRAME, 3}, {SM_CXHTHUMB, 17},      {SM_CYCURSOR, 32},
+        {SM_CYMENU, 20},    {SM_DBCSENABLED, 1},  {SM_CXMIN, 123},    {SM_CYMIN, 34},         {SM_CYSIZE, 25},
+        {SM_CXFRAME, 4},    {SM_CYDRAG, 4},       {SM_CYEDGE, 2},     {SM_CYICONSPACING, 75},
     };
     for (const auto &entry : expected)
         EXPECT_EQ(GetSystemMetrics(entry.first), entry.second) << "index " << entry.first;
-}
 
-TEST(SystemMetrics, ScreenSize)
-{
-    EXPECT_EQ(GetSystemMetrics(SM_CXSCREEN), ScreenWidth());
-    EXPECT_EQ(GetSystemMetrics(SM_CXFULLSCREEN), ScreenWidth());
-    EXPECT_EQ(GetSystemMetrics(SM_CYSCREEN), ScreenHeight());
+    int width = 0, height = 0;
+    {
+        vorlan::GtkCriticalSection lock;
+        width = gdk_screen_width();
+        height = gdk_screen_height();
+    }
+    EXPECT_EQ(GetSystemMetrics(SM_CXSCREEN), width);
+    EXPECT_EQ(GetSystemMetrics(SM_CXFULLSCREEN), width);
+    EXPECT_EQ(GetSystemMetrics(SM_CYSCREEN), height);
 }
 
 TEST(SystemMetrics, ScrollBarSizesComeFromTheTheme)
@@ -63,25 +49,63 @@ TEST(SystemMetrics, ScrollBarSizesComeFromTheTheme)
         EXPECT_EQ(GetSystemMetrics(index), width) << "index " << index;
 }
 
-TEST(SystemMetrics, IndexesWithoutValueGiveZero)
+TEST(SystemMetrics, IndexesWithoutValueGiveZeroAndNoneIsNegative)
 {
     for (int index : {SM_CYFULLSCREEN, 18, 22, 23, 43, 44, 47, 67, 70, 71, 1000, -1, -1000})
         EXPECT_EQ(GetSystemMetrics(index), 0) << "index " << index;
-}
-
-TEST(SystemMetrics, EveryIndexBelowLimitIsAnswered)
-{
     for (int index = 0; index < 70; ++index)
         EXPECT_GE(GetSystemMetrics(index), 0) << "index " << index;
 }
 
-TEST(SystemMetrics, TakesTheToolkitLockOnce)
+// Metrics, colours, parameters and the theme reads each take the toolkit
+// lock exactly once, also on their failure paths; the locale calls take none.
+TEST(SystemValueCalls, TakeTheToolkitLockOnceAndLocaleCallsNone)
 {
+    const std::vector<std::pair<const char *, std::function<void()>>> locked = {
+        {"GetSystemMetrics", [] { GetSystemMetrics(SM_CXVSCROLL); }},
+        {"GetSystemMetrics bad index", [] { GetSystemMetrics(-5); }},
+        {"GetSysColor", [] { GetSysColor(COLOR_BTNSHADOW); }},
+        {"GetSysColor bad index", [] { GetSysColor(31); }},
+        {"SystemParametersInfoW", [] {
+             RECT rect;
+             SystemParametersInfoW(SPI_GETWORKAREA, 0, &rect, 0);
+         }},
+        {"SystemParametersInfoW bad action", [] { SystemParametersInfoW(0xFFFF, 0, nullptr, 0); }},
+        {"SystemParametersInfoA", [] {
+             NONCLIENTMETRICSA metrics = {};
+             metrics.cbSize = 340;
+             SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, 0, &metrics, 0);
+         }},
+        {"SystemParametersInfoA to the wide form", [] {
+             UINT value = 0;
+             SystemParametersInfoA(SPI_GETDRAGFULLWINDOWS, 0, &value, 0);
+         }},
+        {"GetGtkWindowColor", [] {
+             GdkColor color = {};
+             GetGtkWindowColor(&color);
+         }},
+        {"GetGtkEntryColors", [] {
+             GdkColor color = {};
+             GetGtkEntryColors(GTK_STATE_NORMAL, &color, nullptr);
+         }},
+        {"GetGtkScrollBarMetrics", [] {
+             int slider = 0;
+             GetGtkScrollBarMetrics(&slider, nullptr, nullptr, nullptr);
+         }},
+    };
+    for (const auto &call : locked) {
+        SCOPED_TRACE(call.first);
+        GdkLockCounter counter;
+        call.second();
+        EXPECT_EQ(counter.enters(), 1);
+        EXPECT_EQ(counter.leaves(), 1);
+    }
+
     GdkLockCounter counter;
-    GetSystemMetrics(SM_CXVSCROLL);
-    EXPECT_EQ(counter.enters(), 1);
-    GetSystemMetrics(SM_CYCAPTION);
-    GetSystemMetrics(-5);
-    EXPECT_EQ(counter.enters(), 3);
-    EXPECT_EQ(counter.leaves(), 3);
+    WCHAR wide[64];
+    GetLocaleInfoW(0x0409, LOCALE_SENGLANGUAGE, wide, 64);
+    IsValidLocale(0x0409, LCID_INSTALLED);
+    GetThreadLocale();
+    GetKeyboardLayout(0);
+    EXPECT_EQ(counter.enters(), 0);
 }

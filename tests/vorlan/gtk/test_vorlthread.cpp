@@ -24,19 +24,15 @@ LRESULT CALLBACK ZeroProc(HWND, UINT, WPARAM, LPARAM)
     return 0;
 }
 
-TEST(VorlThread, CurrentThreadDataIsMadeOnceAndFoundById)
+TEST(VorlThread, CurrentThreadDataIsMadeOnceAndTheMainThreadsHasTheDefaultContext)
 {
     ThreadData *data = ThreadData::GetCurrentThreadData();
     ASSERT_NE(data, nullptr);
     EXPECT_EQ(data->tid, GetCurrentThreadId());
     EXPECT_EQ(ThreadData::GetCurrentThreadData(), data);
     EXPECT_EQ(ThreadData::GetThreadData(GetCurrentThreadId(), FALSE), data);
-}
-
-TEST(VorlThread, MainThreadOwnsTheDefaultContext)
-{
     ASSERT_EQ(GetCurrentThreadId(), vorlan::g_vorlData.dwMainThreadId);
-    EXPECT_EQ(ThreadData::GetCurrentThreadData()->context, g_main_context_default());
+    EXPECT_EQ(data->context, g_main_context_default());
 }
 
 TEST(VorlThread, NewDataStartsEmptyWithTheCaretHidden)
@@ -53,6 +49,8 @@ TEST(VorlThread, NewDataStartsEmptyWithTheCaretHidden)
     worker.join();
 }
 
+// Thread data is made by its own thread only; id 0 without a foreground
+// thread names none.
 TEST(VorlThread, ForeignThreadDataIsNeverMadeFromOutside)
 {
     std::promise<DWORD> idOfWorker;
@@ -64,34 +62,30 @@ TEST(VorlThread, ForeignThreadDataIsNeverMadeFromOutside)
     const DWORD workerId = idOfWorker.get_future().get();
     EXPECT_EQ(ThreadData::GetThreadData(workerId, TRUE), nullptr);
     EXPECT_EQ(ThreadData::GetThreadData(workerId, FALSE), nullptr);
+    EXPECT_EQ(ThreadData::GetThreadData(0, TRUE), nullptr);
     release.set_value();
     worker.join();
 }
 
-TEST(VorlThread, ThreadIdZeroWithoutForegroundGivesNothing)
-{
-    EXPECT_EQ(ThreadData::GetThreadData(0, TRUE), nullptr);
-}
-
-TEST(VorlThread, EndingWorkerLosesItsDataAndWindows)
+// A worker that ends loses its data and its windows; thread_exit on the
+// main thread keeps both.
+TEST(VorlThread, EndingWorkerLosesItsDataAndWindowsButTheMainThreadKeepsItsOwn)
 {
     DWORD workerId = 0;
-    HWND window = nullptr;
+    HWND workerWindow = nullptr;
     std::thread worker([&] {
         workerId = GetCurrentThreadId();
-        ThreadData::GetCurrentThreadData();
-        window = vorlan::testing::CreateTestWindow(ZeroProc);
+        workerWindow = vorlan::testing::CreateTestWindow(ZeroProc);
     });
     worker.join();
     EXPECT_EQ(ThreadData::GetThreadData(workerId, FALSE), nullptr);
-    EXPECT_FALSE(vorlan::testing::IsTestWindow(window));
-    std::lock_guard<std::recursive_mutex> guard(g_threadListMutex);
-    for (ThreadData *data : ThreadData::list())
-        EXPECT_NE(data->tid, workerId);
-}
+    EXPECT_FALSE(vorlan::testing::IsTestWindow(workerWindow));
+    {
+        std::lock_guard<std::recursive_mutex> guard(g_threadListMutex);
+        for (ThreadData *data : ThreadData::list())
+            EXPECT_NE(data->tid, workerId);
+    }
 
-TEST(VorlThread, ThreadExitKeepsTheMainThreadsData)
-{
     ThreadData *data = ThreadData::GetCurrentThreadData();
     HWND window = vorlan::testing::CreateTestWindow(ZeroProc);
     ThreadData::thread_exit(data);

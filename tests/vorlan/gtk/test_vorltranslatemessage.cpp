@@ -71,31 +71,14 @@ protected:
     std::vector<MSG> m_posted;
 };
 
-Modifiers Shift()
-{
-    Modifiers m;
-    m.shift = true;
-    return m;
-}
-
-Modifiers Control()
-{
-    Modifiers m;
-    m.control = true;
-    return m;
-}
-
-Modifiers CapsLock(bool shift = false)
-{
-    Modifiers m;
-    m.capsLock = true;
-    m.shift = shift;
-    return m;
-}
+const Modifiers kNone = {};
+const Modifiers kShift = {true, false, false};
+const Modifiers kControl = {false, true, false};
+const Modifiers kCapsLock = {false, false, true};
 
 } // namespace
 
-TEST_F(TranslateKeys, KeyDownPostsCharWithTheKeyDataToTheWindow)
+TEST_F(TranslateKeys, KeyDownsPostCharOrSysCharWithTheKeyDataToTheWindow)
 {
     ASSERT_TRUE(Translate(WM_KEYDOWN, 'Q'));
     ASSERT_EQ(m_posted.size(), 1u);
@@ -103,10 +86,7 @@ TEST_F(TranslateKeys, KeyDownPostsCharWithTheKeyDataToTheWindow)
     EXPECT_EQ(m_posted[0].message, static_cast<UINT>(WM_CHAR));
     EXPECT_EQ(m_posted[0].wParam, static_cast<WPARAM>('q'));
     EXPECT_EQ(m_posted[0].lParam, kKeyData);
-}
 
-TEST_F(TranslateKeys, SysKeyDownPostsSysChar)
-{
     const LPARAM altData = kKeyData | (1 << 29);
     ASSERT_TRUE(Translate(WM_SYSKEYDOWN, 'F', {}, altData));
     ASSERT_EQ(m_posted.size(), 1u);
@@ -115,16 +95,16 @@ TEST_F(TranslateKeys, SysKeyDownPostsSysChar)
     EXPECT_EQ(m_posted[0].lParam, altData);
 }
 
-TEST_F(TranslateKeys, KeyUpsAreTranslatedButPostNothing)
+// Key ups and VK_PROCESSKEY (the input method's) are translated but post
+// nothing; other messages are not translated.
+TEST_F(TranslateKeys, KeyUpsAndProcessKeyPostNothingAndOtherMessagesAreNotTranslated)
 {
-    EXPECT_TRUE(Translate(WM_KEYUP, 'A'));
+    for (UINT message : {UINT(WM_KEYUP), UINT(WM_SYSKEYUP)}) {
+        EXPECT_TRUE(Translate(message, 'A')) << message;
+        EXPECT_TRUE(m_posted.empty());
+    }
+    EXPECT_TRUE(Translate(WM_KEYDOWN, VK_PROCESSKEY));
     EXPECT_TRUE(m_posted.empty());
-    EXPECT_TRUE(Translate(WM_SYSKEYUP, 'A'));
-    EXPECT_TRUE(m_posted.empty());
-}
-
-TEST_F(TranslateKeys, OtherMessagesAreNotTranslated)
-{
     for (UINT message : {UINT(WM_CHAR), UINT(WM_SYSCHAR), UINT(WM_MOUSEMOVE), UINT(WM_NULL), UINT(WM_USER)}) {
         EXPECT_FALSE(Translate(message, 'A')) << message;
         EXPECT_TRUE(m_posted.empty());
@@ -132,82 +112,45 @@ TEST_F(TranslateKeys, OtherMessagesAreNotTranslated)
     EXPECT_FALSE(TranslateMessage(nullptr));
 }
 
-TEST_F(TranslateKeys, ProcessKeyBelongsToTheInputMethod)
+// The character of each key press for the US layout; -1: none is posted.
+TEST_F(TranslateKeys, CharacterFollowsTheKeyAndTheModifiers)
 {
-    EXPECT_TRUE(Translate(WM_KEYDOWN, VK_PROCESSKEY));
-    EXPECT_TRUE(m_posted.empty());
-}
-
-TEST_F(TranslateKeys, KeysWithoutACharacterPostNothing)
-{
-    for (WPARAM vk : {WPARAM(VK_F1), WPARAM(VK_LEFT), WPARAM(VK_SHIFT), WPARAM(VK_DELETE), WPARAM(VK_F10)})
-        EXPECT_EQ(CharOf(vk), -1) << vk;
-}
-
-TEST_F(TranslateKeys, LettersFollowShiftAndCapsLock)
-{
-    EXPECT_EQ(CharOf('A'), 'a');
-    EXPECT_EQ(CharOf('Z'), 'z');
-    EXPECT_EQ(CharOf('A', Shift()), 'A');
-    EXPECT_EQ(CharOf('M', CapsLock()), 'M');
-    EXPECT_EQ(CharOf('M', CapsLock(true)), 'm');
-}
-
-TEST_F(TranslateKeys, ShiftedDigitsAreTheUsSymbols)
-{
-    const char plain[] = "0123456789";
-    const char shifted[] = ")!@#$%^&*(";
-    for (int i = 0; i < 10; ++i) {
-        EXPECT_EQ(CharOf('0' + i), plain[i]);
-        EXPECT_EQ(CharOf('0' + i, Shift()), shifted[i]);
+    struct Case {
+        WPARAM vk;
+        Modifiers modifiers;
+        long expected;
+    };
+    const Modifiers controlShift = {true, true, false};
+    const Modifiers capsShift = {true, false, true};
+    const Case cases[] = {
+        // Letters with Shift and Caps Lock.
+        {'A', kNone, 'a'}, {'Z', kNone, 'z'}, {'A', kShift, 'A'}, {'M', kCapsLock, 'M'}, {'M', capsShift, 'm'},
+        // Shifted digits are the US symbols; Caps Lock does not shift digits.
+        {'0', kShift, ')'}, {'1', kShift, '!'}, {'2', kShift, '@'}, {'3', kShift, '#'}, {'4', kShift, '$'},
+        {'5', kShift, '%'}, {'6', kShift, '^'}, {'7', kShift, '&'}, {'8', kShift, '*'}, {'9', kShift, '('},
+        {'0', kNone, '0'}, {'9', kNone, '9'}, {'1', kCapsLock, '1'},
+        // Control codes, also with Shift; digits, space and keypad give none.
+        {'A', kControl, 1}, {'C', kControl, 3}, {'Z', kControl, 26}, {'C', controlShift, 3},
+        {VK_RETURN, kControl, 0x0A}, {VK_BACK, kControl, 0x7F}, {'1', kControl, -1}, {VK_SPACE, kControl, -1},
+        {VK_NUMPAD1, kControl, -1},
+        // Editing keys, Cancel and the keypad.
+        {VK_BACK, kNone, 0x08}, {VK_TAB, kNone, 0x09}, {VK_RETURN, kNone, 0x0D}, {VK_ESCAPE, kNone, 0x1B},
+        {VK_SPACE, kNone, ' '}, {VK_CANCEL, kNone, 0x1B}, {VK_NUMPAD0, kNone, '0'}, {VK_NUMPAD9, kNone, '9'},
+        {VK_MULTIPLY, kNone, '*'}, {VK_ADD, kNone, '+'}, {VK_SUBTRACT, kNone, '-'}, {VK_DECIMAL, kNone, '.'},
+        {VK_DIVIDE, kNone, '/'},
+        // Keys without a character.
+        {VK_F1, kNone, -1}, {VK_LEFT, kNone, -1}, {VK_SHIFT, kNone, -1}, {VK_DELETE, kNone, -1},
+        {VK_F10, kNone, -1},
+        // Keyvals in the library's 0xFF form give their Unicode character
+        // whatever the modifiers; one without a character gives none.
+        {(0xE9 << 8) | 0xFF, kNone, 0xE9}, {(0x20AC << 8) | 0xFF, kNone, 0x20AC},
+        {(0xE9 << 8) | 0xFF, kControl, 0xE9}, {(0xFFE1 << 8) | 0xFF, kNone, -1},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(::testing::Message() << "vk 0x" << std::hex << c.vk << " shift " << c.modifiers.shift
+                                          << " control " << c.modifiers.control << " caps " << c.modifiers.capsLock);
+        EXPECT_EQ(CharOf(c.vk, c.modifiers), c.expected);
     }
-    // Caps Lock does not shift digits.
-    EXPECT_EQ(CharOf('1', CapsLock()), '1');
-}
-
-TEST_F(TranslateKeys, ControlGivesControlCodes)
-{
-    EXPECT_EQ(CharOf('A', Control()), 1);
-    EXPECT_EQ(CharOf('C', Control()), 3);
-    EXPECT_EQ(CharOf('Z', Control()), 26);
-    EXPECT_EQ(CharOf(VK_RETURN, Control()), 0x0A);
-    EXPECT_EQ(CharOf(VK_BACK, Control()), 0x7F);
-    // Control with Shift is still the control code.
-    Modifiers both = Control();
-    both.shift = true;
-    EXPECT_EQ(CharOf('C', both), 3);
-    // Digits, space and the keypad make no character with Control.
-    EXPECT_EQ(CharOf('1', Control()), -1);
-    EXPECT_EQ(CharOf(VK_SPACE, Control()), -1);
-    EXPECT_EQ(CharOf(VK_NUMPAD1, Control()), -1);
-}
-
-TEST_F(TranslateKeys, EditingKeysKeypadAndCancel)
-{
-    EXPECT_EQ(CharOf(VK_BACK), 0x08);
-    EXPECT_EQ(CharOf(VK_TAB), 0x09);
-    EXPECT_EQ(CharOf(VK_RETURN), 0x0D);
-    EXPECT_EQ(CharOf(VK_ESCAPE), 0x1B);
-    EXPECT_EQ(CharOf(VK_SPACE), ' ');
-    EXPECT_EQ(CharOf(VK_CANCEL), 0x1B);
-    EXPECT_EQ(CharOf(VK_NUMPAD0), '0');
-    EXPECT_EQ(CharOf(VK_NUMPAD9), '9');
-    EXPECT_EQ(CharOf(VK_MULTIPLY), '*');
-    EXPECT_EQ(CharOf(VK_ADD), '+');
-    EXPECT_EQ(CharOf(VK_SUBTRACT), '-');
-    EXPECT_EQ(CharOf(VK_DECIMAL), '.');
-    EXPECT_EQ(CharOf(VK_DIVIDE), '/');
-}
-
-TEST_F(TranslateKeys, KeyvalKeysGiveTheirUnicodeCharacter)
-{
-    // e acute and the euro sign as keyvals, in the library's 0xFF form.
-    EXPECT_EQ(CharOf((0xE9 << 8) | 0xFF), 0xE9);
-    EXPECT_EQ(CharOf((0x20AC << 8) | 0xFF), 0x20AC);
-    // Modifiers do not change a keyval's character.
-    EXPECT_EQ(CharOf((0xE9 << 8) | 0xFF, Control()), 0xE9);
-    // A keyval with no character posts nothing.
-    EXPECT_EQ(CharOf((0xFFE1 << 8) | 0xFF), -1);
 }
 
 TEST_F(TranslateKeys, CharacterQueuesBehindWhatIsPosted)
@@ -226,7 +169,7 @@ TEST_F(TranslateKeys, CharacterQueuesBehindWhatIsPosted)
 
 TEST_F(TranslateKeys, DispatchedCharacterReachesTheWindowProcedure)
 {
-    SetModifiers(Shift());
+    SetModifiers(kShift);
     MSG key = {m_hwnd, WM_KEYDOWN, '2', kKeyData, 0, {0, 0}};
     ASSERT_TRUE(TranslateMessage(&key));
     m_recorder.Clear();

@@ -57,28 +57,30 @@ Status GetAttributes(XID window)
 
 } // namespace
 
-TEST(TemporaryXErrorHandler, CatchesTheErrorOfAGoneWindow)
+// Each trap starts without an error, catches the error of a gone window and
+// leaves the toolkit lock as it found it.
+TEST(TemporaryXErrorHandler, StartsWithoutErrorAndCatchesTheErrorOfAGoneWindow)
 {
+    {
+        TemporaryXErrorHandler trap;
+        GetAttributes(DestroyedXWindow());
+        EXPECT_EQ(vorlan::GtkCriticalSection::depth(), 0);
+    }
+    ASSERT_NE(TemporaryXErrorHandler::error_code, 0);
+    EXPECT_EQ(vorlan::GtkCriticalSection::owner_thread(), vorlan::GtkCriticalSection::kNoOwner);
+    {
+        TemporaryXErrorHandler trap;
+        EXPECT_EQ(TemporaryXErrorHandler::error_code, 0);
+        ForeignXWindow live;
+        EXPECT_NE(GetAttributes(live.xid()), 0);
+        EXPECT_EQ(TemporaryXErrorHandler::error_code, 0);
+    }
     const XID gone = DestroyedXWindow();
     vorlan::GtkCriticalSection lock;
     TemporaryXErrorHandler trap;
     EXPECT_EQ(GetAttributes(gone), 0);
     XSync(XDisplay(), False);
     EXPECT_EQ(TemporaryXErrorHandler::error_code, BadWindow);
-}
-
-TEST(TemporaryXErrorHandler, StartsWithoutError)
-{
-    {
-        TemporaryXErrorHandler trap;
-        GetAttributes(DestroyedXWindow());
-    }
-    ASSERT_NE(TemporaryXErrorHandler::error_code, 0);
-    TemporaryXErrorHandler trap;
-    EXPECT_EQ(TemporaryXErrorHandler::error_code, 0);
-    ForeignXWindow live;
-    EXPECT_NE(GetAttributes(live.xid()), 0);
-    EXPECT_EQ(TemporaryXErrorHandler::error_code, 0);
 }
 
 TEST(TemporaryXErrorHandler, SyncsOnLeavingSoLateErrorsAreCaught)
@@ -92,28 +94,14 @@ TEST(TemporaryXErrorHandler, SyncsOnLeavingSoLateErrorsAreCaught)
     EXPECT_EQ(TemporaryXErrorHandler::error_code, BadWindow);
 }
 
-TEST(TemporaryXErrorHandler, RestoresThePreviousHandler)
-{
-    OuterHandler outer;
-    const XErrorHandler before = CurrentHandler();
-    {
-        TemporaryXErrorHandler trap;
-        EXPECT_NE(CurrentHandler(), before);
-        GetAttributes(DestroyedXWindow());
-    }
-    EXPECT_EQ(g_outerErrors, 0);
-    EXPECT_EQ(CurrentHandler(), before);
-    GetAttributes(DestroyedXWindow());
-    EXPECT_EQ(g_outerErrors, 1);
-}
-
-TEST(TemporaryXErrorHandler, NestedScopesRestoreEachLevel)
+TEST(TemporaryXErrorHandler, NestedScopesRestoreEachLevelAndThePreviousHandler)
 {
     OuterHandler outer;
     const XErrorHandler before = CurrentHandler();
     {
         TemporaryXErrorHandler outerTrap;
         const XErrorHandler trapHandler = CurrentHandler();
+        EXPECT_NE(trapHandler, before);
         {
             TemporaryXErrorHandler innerTrap;
             GetAttributes(DestroyedXWindow());
@@ -121,15 +109,8 @@ TEST(TemporaryXErrorHandler, NestedScopesRestoreEachLevel)
         EXPECT_EQ(CurrentHandler(), trapHandler);
         EXPECT_EQ(TemporaryXErrorHandler::error_code, BadWindow);
     }
-    EXPECT_EQ(CurrentHandler(), before);
     EXPECT_EQ(g_outerErrors, 0);
-}
-
-TEST(TemporaryXErrorHandler, LeavesTheLockAsItFoundIt)
-{
-    {
-        TemporaryXErrorHandler trap;
-        EXPECT_EQ(vorlan::GtkCriticalSection::depth(), 0);
-    }
-    EXPECT_EQ(vorlan::GtkCriticalSection::owner_thread(), vorlan::GtkCriticalSection::kNoOwner);
+    EXPECT_EQ(CurrentHandler(), before);
+    GetAttributes(DestroyedXWindow());
+    EXPECT_EQ(g_outerErrors, 1);
 }

@@ -57,28 +57,17 @@ void FreezeUpdates(GdkWindow *window)
 
 } // namespace
 
-TEST(XEventFilter, ExposeOfXWindowUnknownToGdkIsRemoved)
+// Expose events of windows GDK does not know or that carry a handle are
+// taken; those of a GTK widget's window and other events go on to GDK.
+TEST(XEventFilter, TakesExposeOfUnknownWindowsAndWindowsWithHandle)
 {
     ForeignXWindow foreign;
-    EXPECT_EQ(Filter(MakeExpose(foreign.xid())), GDK_FILTER_REMOVE);
-}
-
-TEST(XEventFilter, ExposeOfGtkWidgetWindowContinuesToGdk)
-{
     PopupWindow popup(10, 10, 30, 30);
-    EXPECT_EQ(Filter(MakeExpose(popup.xid())), GDK_FILTER_CONTINUE);
-}
-
-TEST(XEventFilter, ExposeOfWindowWithHandleIsRemoved)
-{
     PlainGdkWindow plain(10, 10, 30, 30);
     AttachHwnd(plain.window(), FakeHwnd(1));
+    EXPECT_EQ(Filter(MakeExpose(foreign.xid())), GDK_FILTER_REMOVE);
+    EXPECT_EQ(Filter(MakeExpose(popup.xid())), GDK_FILTER_CONTINUE);
     EXPECT_EQ(Filter(MakeExpose(plain.xid())), GDK_FILTER_REMOVE);
-}
-
-TEST(XEventFilter, OtherEventsContinue)
-{
-    PopupWindow popup(10, 10, 30, 30);
     XEvent event = {};
     event.xconfigure.type = ConfigureNotify;
     event.xconfigure.display = XDisplay();
@@ -115,7 +104,7 @@ TEST(XEventFilter, LeavesTheLockAsItFoundIt)
     Filter(MakeExpose(foreign.xid()));
     EXPECT_EQ(vorlan::GtkCriticalSection::depth(), 0);
     EXPECT_EQ(vorlan::GtkCriticalSection::owner_thread(), vorlan::GtkCriticalSection::kNoOwner);
-
+    // Called inside an exported call instead of by GDK.
     vorlan::GtkCriticalSection exported;
     XEvent event = MakeExpose(foreign.xid());
     GdkEvent gdkEvent = {};
