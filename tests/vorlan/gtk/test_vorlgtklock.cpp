@@ -44,9 +44,12 @@ bool ReadyWithin(std::future<void> &future, int milliseconds)
 
 } // namespace
 
-TEST(GtkCriticalSection, NestedScopesTakeGdkLockOnce)
+// Nested scopes take GDK's lock once; another thread waits until the
+// outermost scope ends.
+TEST(GtkCriticalSection, NestedScopesTakeGdkLockOnceAndOtherThreadsWait)
 {
     GdkLockCounter counting;
+    std::future<void> other;
     {
         GtkCriticalSection outer;
         EXPECT_EQ(GtkCriticalSection::depth(), 1);
@@ -54,30 +57,20 @@ TEST(GtkCriticalSection, NestedScopesTakeGdkLockOnce)
         {
             GtkCriticalSection inner;
             EXPECT_EQ(GtkCriticalSection::depth(), 2);
-        }
-        EXPECT_EQ(GtkCriticalSection::depth(), 1);
-        EXPECT_TRUE(OwnedByCaller());
-        EXPECT_EQ(counting.leaves(), 0);
-    }
-    EXPECT_EQ(counting.enters(), 1);
-    EXPECT_EQ(counting.leaves(), 1);
-    EXPECT_EQ(GtkCriticalSection::depth(), 0);
-    EXPECT_TRUE(NoOwner());
-}
-
-TEST(GtkCriticalSection, OtherThreadWaitsUntilOutermostScopeEnds)
-{
-    std::future<void> other;
-    {
-        GtkCriticalSection outer;
-        {
-            GtkCriticalSection inner;
             other = EnterFromOtherThread();
             EXPECT_FALSE(ReadyWithin(other, 50));
         }
+        EXPECT_EQ(GtkCriticalSection::depth(), 1);
+        EXPECT_TRUE(OwnedByCaller());
         EXPECT_FALSE(ReadyWithin(other, 50));
+        EXPECT_EQ(counting.leaves(), 0);
+        EXPECT_EQ(counting.enters(), 1);
     }
     EXPECT_TRUE(ReadyWithin(other, 5000));
+    EXPECT_EQ(counting.enters(), 2);
+    EXPECT_EQ(counting.leaves(), 2);
+    EXPECT_EQ(GtkCriticalSection::depth(), 0);
+    EXPECT_TRUE(NoOwner());
 }
 
 TEST(GtkCriticalSection, LeaveAllAtDepthThreeThenEnterAllRestores)
@@ -95,9 +88,18 @@ TEST(GtkCriticalSection, LeaveAllAtDepthThreeThenEnterAllRestores)
 }
 
 // leave_all, enter_all(-1 or 0) and a releaser on a thread without the lock
-// must neither take nor free GDK's lock.
+// must neither take nor free GDK's lock, nor take it from its owner.
 TEST(GtkCriticalSection, WithoutTheLockLeaveAllEnterAllAndReleaserDoNothing)
 {
+    {
+        GtkCriticalSection outer, inner;
+        std::async(std::launch::async, [] {
+            EXPECT_EQ(GtkCriticalSection::leave_all(), -1);
+            GtkCriticalSection::leave_once();
+        }).get();
+        EXPECT_EQ(GtkCriticalSection::depth(), 2);
+        EXPECT_TRUE(OwnedByCaller());
+    }
     GdkLockCounter counting;
     const int saved = GtkCriticalSection::leave_all();
     EXPECT_EQ(saved, -1);
@@ -113,17 +115,6 @@ TEST(GtkCriticalSection, WithoutTheLockLeaveAllEnterAllAndReleaserDoNothing)
     EXPECT_EQ(counting.leaves(), 0);
 }
 
-TEST(GtkCriticalSection, LeaveByAnotherThreadChangesNothing)
-{
-    GtkCriticalSection outer, inner;
-    std::async(std::launch::async, [] {
-        EXPECT_EQ(GtkCriticalSection::leave_all(), -1);
-        GtkCriticalSection::leave_once();
-    }).get();
-    EXPECT_EQ(GtkCriticalSection::depth(), 2);
-    EXPECT_TRUE(OwnedByCaller());
-}
-
 TEST(GtkLockReleaser, OtherThreadProceedsWhileReleasedAndDepthComesBack)
 {
     GtkCriticalSection outer, inner;
@@ -134,19 +125,6 @@ TEST(GtkLockReleaser, OtherThreadProceedsWhileReleasedAndDepthComesBack)
         std::future<void> other = EnterFromOtherThread();
         EXPECT_TRUE(ReadyWithin(other, 5000));
     }
-    EXPECT_EQ(GtkCriticalSection::depth(), 2);
-    EXPECT_TRUE(OwnedByCaller());
-}
-
-TEST(GtkLockReleaser, ExceptionPassingRestoresDepth)
-{
-    GtkCriticalSection outer, inner;
-    EXPECT_THROW(
-        {
-            GtkLockReleaser released;
-            throw std::runtime_error("from application code");
-        },
-        std::runtime_error);
     EXPECT_EQ(GtkCriticalSection::depth(), 2);
     EXPECT_TRUE(OwnedByCaller());
 }
@@ -177,8 +155,21 @@ TEST(GtkCriticalSection, MarkedLockIsNotTakenAgainAndKeepsTheOwner)
     EXPECT_EQ(counting.leaves(), 1);
 }
 
-TEST(GtkLockMark, ExceptionPassingUnmarks)
+// An exception from application code passing a released region restores
+// the depth; one from a callback passing a mark unmarks.
+TEST(GtkLockReleaser, ExceptionsPassingAReleaseOrAMarkRestoreTheLock)
 {
+    {
+        GtkCriticalSection outer, inner;
+        EXPECT_THROW(
+            {
+                GtkLockReleaser released;
+                throw std::runtime_error("from application code");
+            },
+            std::runtime_error);
+        EXPECT_EQ(GtkCriticalSection::depth(), 2);
+        EXPECT_TRUE(OwnedByCaller());
+    }
     gdk_threads_enter();
     EXPECT_THROW(
         {

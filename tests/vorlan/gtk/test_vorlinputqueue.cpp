@@ -101,7 +101,7 @@ TEST_F(InputQueue, MovesAndWheelStepsMergeOnlyWithTheirLikeRightBefore)
     EXPECT_EQ(HIWORD(msg.wParam), 240);
 }
 
-TEST_F(InputQueue, FlagsTellTheRecordClasses)
+TEST_F(InputQueue, FlagsTellTheRecordClassesAndAKeyWithoutTargetIsDropped)
 {
     Key(WM_KEYDOWN, 'A');
     EXPECT_EQ(Data()->qsFlags.load() & QS_FLAG_INPUT, static_cast<DWORD>(QS_FLAG_KEYBOARD));
@@ -113,6 +113,14 @@ TEST_F(InputQueue, FlagsTellTheRecordClasses)
     EXPECT_EQ(Data()->qsFlags.load() & QS_FLAG_INPUT, static_cast<DWORD>(QS_FLAG_OTHER_INPUT));
     EXPECT_EQ(Data()->nInputKeyboard, 0u);
     ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(Data()->qsFlags.load() & QS_FLAG_INPUT, 0u);
+
+    // A key without a target is dropped when peeked.
+    Data()->hWndFocus = nullptr;
+    Data()->hWndActive = nullptr;
+    Key(WM_KEYDOWN, 'A');
+    EXPECT_FALSE(LockedPeek(&msg, nullptr, 0, 0, PM_NOREMOVE));
+    EXPECT_TRUE(Records().empty());
     EXPECT_EQ(Data()->qsFlags.load() & QS_FLAG_INPUT, 0u);
 }
 
@@ -134,32 +142,6 @@ TEST_F(InputQueue, ClassFiltersPickPointerOrKeyboard)
     ASSERT_TRUE(LockedPeek(&msg, nullptr, WM_KEYDOWN, WM_CHAR));
     EXPECT_EQ(msg.message, static_cast<UINT>(WM_KEYDOWN));
     EXPECT_EQ(msg.hwnd, m_keyWindow);
-}
-
-TEST_F(InputQueue, RecordRejectedByTheWindowFilterKeepsItsPlace)
-{
-    Key(WM_KEYDOWN, 'A');
-    Move(1, 1);
-    Key(WM_KEYUP, 'A');
-    MSG msg;
-    ASSERT_TRUE(LockedPeek(&msg, m_mouseWindow));
-    EXPECT_EQ(msg.message, static_cast<UINT>(WM_MOUSEMOVE));
-    ASSERT_TRUE(LockedPeek(&msg));
-    EXPECT_EQ(msg.message, static_cast<UINT>(WM_KEYDOWN));
-    ASSERT_TRUE(LockedPeek(&msg));
-    EXPECT_EQ(msg.message, static_cast<UINT>(WM_KEYUP));
-    EXPECT_FALSE(LockedPeek(&msg));
-}
-
-TEST_F(InputQueue, KeyWithoutATargetIsDroppedWhenPeeked)
-{
-    Data()->hWndFocus = nullptr;
-    Data()->hWndActive = nullptr;
-    Key(WM_KEYDOWN, 'A');
-    MSG msg;
-    EXPECT_FALSE(LockedPeek(&msg, nullptr, 0, 0, PM_NOREMOVE));
-    EXPECT_TRUE(Records().empty());
-    EXPECT_EQ(Data()->qsFlags.load() & QS_FLAG_INPUT, 0u);
 }
 
 // The key state changes when a record is removed, not when it is peeked,
@@ -215,18 +197,25 @@ TEST_F(InputQueue, F1DownQueuesKeyF1BehindTheKey)
     EXPECT_FALSE(LockedPeek(&msg));
 }
 
-TEST_F(InputQueue, PeekResumesAfterManyRejectedRecords)
+// Records that the window filter rejects keep their place, also when many
+// come before the one taken.
+TEST_F(InputQueue, RecordsRejectedByTheWindowFilterKeepTheirPlace)
 {
     for (int i = 0; i < 50; ++i)
         Key(i % 2 ? WM_KEYUP : WM_KEYDOWN, 'A' + (i % 20));
     Move(3, 3);
+    Key(WM_KEYDOWN, 'Z');
     MSG msg;
     ASSERT_TRUE(LockedPeek(&msg, m_mouseWindow));
     EXPECT_EQ(msg.message, static_cast<UINT>(WM_MOUSEMOVE));
-    int keys = 0;
-    while (LockedPeek(&msg))
-        ++keys;
-    EXPECT_EQ(keys, 50);
+    for (int i = 0; i < 50; ++i) {
+        ASSERT_TRUE(LockedPeek(&msg));
+        EXPECT_EQ(msg.message, static_cast<UINT>(i % 2 ? WM_KEYUP : WM_KEYDOWN));
+        EXPECT_EQ(msg.wParam, static_cast<WPARAM>('A' + (i % 20)));
+    }
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.wParam, static_cast<WPARAM>('Z'));
+    EXPECT_FALSE(LockedPeek(&msg));
 }
 
 } // namespace

@@ -10,8 +10,8 @@
 #include <optional>
 #include <sstream>
 #include <string>
-#include <utility>
 #include <sys/stat.h>
+#include <utility>
 
 using vorlan_test::ChildResult;
 using vorlan_test::ChildOptions;

@@ -1,4 +1,6 @@
-// The library's own exports of the runtime frame.
+// What start-up leaves behind in this very process, which loaded the library
+// like any application does, and the library's own exports of the runtime
+// frame.
 
 // GoogleTest comes before the X headers, whose macros (None, Bool) clash with it.
 #include <gtest/gtest.h>
@@ -11,61 +13,58 @@
 
 #include <gdk/gdkx.h>
 
+#include <chrono>
 #include <cstdlib>
-#include <optional>
+#include <future>
 #include <string>
 
 using namespace vorlan_test;
 
 namespace {
 
-class ScopedEnvironment {
-public:
-    ScopedEnvironment(const char *name, const char *value) : m_name(name)
-    {
-        if (const char *old = std::getenv(name))
-            m_old = old;
-        if (value != nullptr)
-            setenv(name, value, 1);
-        else
-            unsetenv(name);
-    }
-    ~ScopedEnvironment()
-    {
-        if (m_old.has_value())
-            setenv(m_name.c_str(), m_old->c_str(), 1);
-        else
-            unsetenv(m_name.c_str());
-    }
-
-private:
-    std::string m_name;
-    std::optional<std::string> m_old;
-};
+// Runs QRTInitedCallback with the two settings set (null: unset), which the
+// tests' environment does not otherwise set.
+void InitedCallbackWith(const char *timeCost, const char *logFile)
+{
+    auto put = [](const char *name, const char *value) { value ? setenv(name, value, 1) : unsetenv(name); };
+    put("API_TIMECOST_LOG", timeCost);
+    put("VORL_LOG_FILE", logFile);
+    QRTInitedCallback();
+    unsetenv("API_TIMECOST_LOG");
+    unsetenv("VORL_LOG_FILE");
+}
 
 } // namespace
 
-TEST(QRTInitedCallback, ReadsTimeCostLogAndLogFileCutToTheBuffer)
+TEST(Startup, MainThreadIsTheThreadThatLoadedTheLibraryAndGtkIsUp)
 {
-    {
-        ScopedEnvironment timeCost("API_TIMECOST_LOG", "7");
-        ScopedEnvironment logFile("VORL_LOG_FILE", "/var/log/app/vorlan.log");
-        QRTInitedCallback();
-        EXPECT_EQ(vorlan::g_vorlData.nTimeCostLog, 7);
-        EXPECT_STREQ(vorlan::g_vorlData.szLogFile, "/var/log/app/vorlan.log");
-    }
-    const std::string longName = "/" + std::string(400, 'l');
-    ScopedEnvironment logFile("VORL_LOG_FILE", longName.c_str());
-    QRTInitedCallback();
-    EXPECT_EQ(std::string(vorlan::g_vorlData.szLogFile), longName.substr(0, MAX_PATH - 1));
+    EXPECT_EQ(vorlan::g_vorlData.dwMainThreadId, GetCurrentThreadId());
+    const DWORD otherThread = std::async(std::launch::async, [] { return GetCurrentThreadId(); }).get();
+    EXPECT_NE(vorlan::g_vorlData.dwMainThreadId, otherThread);
+    EXPECT_EQ(vorlan::g_vorlData.bPopupMenuRunning, FALSE);
+    vorlan::GtkCriticalSection lock;
+    EXPECT_NE(gdk_display_get_default(), nullptr);
 }
 
-TEST(QRTInitedCallback, MissingSettingsGiveZeroAndEmptyName)
+TEST(Startup, LeavesTheToolkitLockFree)
 {
-    ScopedEnvironment timeCost("API_TIMECOST_LOG", nullptr);
-    ScopedEnvironment logFile("VORL_LOG_FILE", nullptr);
-    QRTInitedCallback();
+    EXPECT_EQ(vorlan::GtkCriticalSection::depth(), 0);
+    EXPECT_EQ(vorlan::GtkCriticalSection::owner_thread(), vorlan::GtkCriticalSection::kNoOwner);
+    // Another thread gets the lock at once.
+    auto other = std::async(std::launch::async, [] { vorlan::GtkCriticalSection lock; });
+    EXPECT_EQ(other.wait_for(std::chrono::seconds(5)), std::future_status::ready);
+}
+
+TEST(QRTInitedCallback, ReadsTimeCostLogAndLogFileCutToTheBuffer)
+{
+    InitedCallbackWith("7", "/var/log/app/vorlan.log");
+    EXPECT_EQ(vorlan::g_vorlData.nTimeCostLog, 7);
+    EXPECT_STREQ(vorlan::g_vorlData.szLogFile, "/var/log/app/vorlan.log");
+    const std::string longName = "/" + std::string(400, 'l');
+    InitedCallbackWith(nullptr, longName.c_str());
     EXPECT_EQ(vorlan::g_vorlData.nTimeCostLog, 0);
+    EXPECT_EQ(std::string(vorlan::g_vorlData.szLogFile), longName.substr(0, MAX_PATH - 1));
+    InitedCallbackWith(nullptr, nullptr);
     EXPECT_STREQ(vorlan::g_vorlData.szLogFile, "");
 }
 
