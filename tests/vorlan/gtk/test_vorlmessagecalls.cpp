@@ -69,20 +69,11 @@ LRESULT CALLBACK RecordingHook(int code, WPARAM, LPARAM)
     return answer;
 }
 
-// A hook of the calling thread for the lifetime of the object.
-class ThreadHook {
-public:
-    ThreadHook(int type, HOOKPROC procedure) : m_hook(SetWindowsHookExW(type, procedure, nullptr, GetCurrentThreadId()))
-    {
-    }
-    ~ThreadHook() { UnhookWindowsHookEx(m_hook); }
-    ThreadHook(const ThreadHook &) = delete;
-    ThreadHook &operator=(const ThreadHook &) = delete;
-    bool valid() const { return m_hook != nullptr; }
-
-private:
-    HHOOK m_hook;
-};
+// A hook of the calling thread; UnhookWindowsHookEx ends it.
+HHOOK SetThreadHook(int type, HOOKPROC procedure)
+{
+    return SetWindowsHookExW(type, procedure, nullptr, GetCurrentThreadId());
+}
 
 WindowOptions HiddenTopLevel()
 {
@@ -90,26 +81,6 @@ WindowOptions HiddenTopLevel()
     options.withXWindow = false;
     return options;
 }
-
-// A window object that claims to belong to another thread while the object
-// lives.
-class ForeignThreadWindow {
-public:
-    ForeignThreadWindow() : m_window(HiddenTopLevel())
-    {
-        vorlan::GtkCriticalSection lock;
-        m_window.object()->dwThreadId = EndedThreadId();
-    }
-    ~ForeignThreadWindow()
-    {
-        vorlan::GtkCriticalSection lock;
-        m_window.object()->dwThreadId = GetCurrentThreadId();
-    }
-    HWND hwnd() const { return m_window.hwnd(); }
-
-private:
-    TestWindow m_window;
-};
 
 // A window of the calling thread whose procedure is RecordingProcW.
 class MessageCalls : public ::testing::Test {
@@ -196,7 +167,11 @@ TEST_F(MessageCalls, BadHandlesAndWindowsOfOtherThreadsGive1400)
     SetLastError(0);
     EXPECT_EQ(SendMessageW(kBogus, WM_PROBE, 1, 1), 0);
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_WINDOW_HANDLE));
-    ForeignThreadWindow foreign;
+    TestWindow foreign(HiddenTopLevel());
+    {
+        vorlan::GtkCriticalSection lock;
+        foreign.object()->dwThreadId = EndedThreadId();
+    }
     for (HWND hWnd : {kBogus, foreign.hwnd()}) {
         SetLastError(0);
         EXPECT_FALSE(PeekMessageW(&msg, hWnd, 0, 0, PM_REMOVE));
@@ -209,6 +184,8 @@ TEST_F(MessageCalls, BadHandlesAndWindowsOfOtherThreadsGive1400)
     EXPECT_EQ(DispatchMessageA(&msg), 0);
     EXPECT_EQ(DispatchMessageW(nullptr), 0);
     EXPECT_EQ(g_received.calls, 0);
+    vorlan::GtkCriticalSection lock;
+    foreign.object()->dwThreadId = GetCurrentThreadId();
 }
 
 TEST_F(MessageCalls, RefusedArgumentsGive87)
@@ -288,29 +265,29 @@ TEST_F(MessageCalls, DispatchGoesToTheWindowProcedureOrTheTimerProcedure)
 // may swallow it; a message hook sees peeks with and without removal.
 TEST_F(MessageCalls, HooksSeeRetrievedMessagesAndMaySwallowKeys)
 {
-    {
-        ThreadHook hook(WH_KEYBOARD, RecordingHook<1>);
-        ASSERT_TRUE(hook.valid());
-        ASSERT_TRUE(PostMessageW(window(), WM_KEYDOWN, 'A', 0));
-        ASSERT_TRUE(PostMessageW(window(), WM_PROBE, 0, 0));
-        MSG msg = {};
-        EXPECT_FALSE(PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE));
-        EXPECT_EQ(g_hookCalls, 1);
-        EXPECT_EQ(g_lastHookCode, HC_ACTION);
-        EXPECT_FALSE(g_hookLockHeld);
-        EXPECT_EQ(GetMessageW(&msg, nullptr, 0, 0), 1);
-        EXPECT_EQ(msg.message, WM_PROBE);
-    }
-    g_hookCalls = 0;
-    ThreadHook hook(WH_GETMESSAGE, RecordingHook<0>);
-    ASSERT_TRUE(hook.valid());
-    ASSERT_TRUE(PostMessageW(nullptr, WM_PROBE, 0, 0));
+    HHOOK hook = SetThreadHook(WH_KEYBOARD, RecordingHook<1>);
+    ASSERT_NE(hook, nullptr);
+    ASSERT_TRUE(PostMessageW(window(), WM_KEYDOWN, 'A', 0));
+    ASSERT_TRUE(PostMessageW(window(), WM_PROBE, 0, 0));
     MSG msg = {};
+    EXPECT_FALSE(PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE));
+    EXPECT_EQ(g_hookCalls, 1);
+    EXPECT_EQ(g_lastHookCode, HC_ACTION);
+    EXPECT_FALSE(g_hookLockHeld);
+    EXPECT_EQ(GetMessageW(&msg, nullptr, 0, 0), 1);
+    EXPECT_EQ(msg.message, WM_PROBE);
+    UnhookWindowsHookEx(hook);
+
+    g_hookCalls = 0;
+    hook = SetThreadHook(WH_GETMESSAGE, RecordingHook<0>);
+    ASSERT_NE(hook, nullptr);
+    ASSERT_TRUE(PostMessageW(nullptr, WM_PROBE, 0, 0));
     EXPECT_TRUE(PeekMessageW(&msg, nullptr, 0, 0, PM_NOREMOVE));
     EXPECT_EQ(g_lastHookCode, HC_NOREMOVE);
     EXPECT_TRUE(PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE));
     EXPECT_EQ(g_lastHookCode, HC_ACTION);
     EXPECT_EQ(g_hookCalls, 2);
+    UnhookWindowsHookEx(hook);
 }
 
 } // namespace

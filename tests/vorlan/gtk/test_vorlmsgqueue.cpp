@@ -2,10 +2,13 @@
 // message and window filters with their 16-bit cuts, WM_QUIT, the paint and
 // timer queues; first with stand-in windows, then with window objects, whose
 // posts reach the owning thread's queue, whose parent links order the paint
-// queue and steer the window filter, and which a thread that ends takes along.
+// queue and steer the window filter, and which a thread that ends takes
+// along.  Thread data: made by its own thread only, found by id, removed when
+// a worker ends and never for the main thread; wait and notify.
 
 #include <gtest/gtest.h>
 
+#include "gtk/vorlglobals.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlpostmessage.h"
 #include "gtk/vorlpumpdeps.h"
@@ -20,6 +23,8 @@
 #include <imm.h>
 
 #include <atomic>
+#include <chrono>
+#include <future>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -391,31 +396,6 @@ DWORD WindowFlags(HWND hWnd)
 
 using RealWindowQueue = MessageQueue;
 
-TEST_F(RealWindowQueue, PostToAWindowOfAWorkerReachesTheWorkersQueue)
-{
-    constexpr UINT kMessage = WM_USER + 71;
-    std::atomic<HWND> workerWindow{nullptr};
-    MSG received = {};
-    std::thread worker([&] {
-        ThreadData::GetCurrentThreadData();
-        TestWindow window(TopLevel());
-        workerWindow = window.hwnd();
-        ServeMessagesUntil([&] { return received.message == kMessage; },
-                           [&](const MSG &msg) {
-                               if (msg.message == kMessage)
-                                   received = msg;
-                           });
-    });
-    SpinUntil([&] { return workerWindow.load() != nullptr; });
-    EXPECT_EQ(LockedPost(workerWindow, kMessage, 11, 22), 1);
-    worker.join();
-    EXPECT_EQ(received.hwnd, workerWindow.load());
-    EXPECT_EQ(received.wParam, 11u);
-    EXPECT_EQ(received.lParam, 22);
-    MSG msg;
-    EXPECT_FALSE(LockedPeek(&msg, nullptr, kMessage, kMessage)) << "the poster's own queue stays empty";
-}
-
 // Whether a post is taken depends on the window's owning thread only: one
 // without a queue refuses it, the calling thread takes it in its own queue.
 TEST_F(RealWindowQueue, PostGoesToTheQueueOfTheWindowsThreadAndFailsWithoutOne)
@@ -543,21 +523,18 @@ TEST_F(RealWindowQueue, WindowFilterTakesDescendantsAndNotSiblings)
     EXPECT_EQ(msg.hwnd, siblingsChild.hwnd());
 }
 
-TEST_F(RealWindowQueue, SeamsAnswerForWindowObjects)
+// The edges the queue tests do not reach: a window is not its own
+// descendant, and a freed window has no thread.
+TEST_F(RealWindowQueue, SeamsAnswerForWindowObjectsAtTheirEdges)
 {
     auto parent = std::make_unique<TestWindow>(TopLevel());
     const HWND hWnd = parent->hwnd();
     {
         TestWindow child(ChildOf(hWnd));
         vorlan::GtkCriticalSection lock;
-        EXPECT_TRUE(vorlan::WindowIsDescendant(hWnd, child.hwnd()));
         EXPECT_FALSE(vorlan::WindowIsDescendant(child.hwnd(), hWnd));
         EXPECT_FALSE(vorlan::WindowIsDescendant(hWnd, hWnd));
         EXPECT_FALSE(vorlan::WindowIsDescendant(nullptr, child.hwnd()));
-        EXPECT_EQ(vorlan::WindowThreadId(hWnd), GetCurrentThreadId());
-        EXPECT_TRUE(vorlan::WindowExists(hWnd));
-        EXPECT_FALSE(vorlan::HasUpdateRegion(hWnd));
-        EXPECT_FALSE(vorlan::TakeNcPaintPending(hWnd));
     }
     parent.reset();
     vorlan::GtkCriticalSection lock;
@@ -566,23 +543,81 @@ TEST_F(RealWindowQueue, SeamsAnswerForWindowObjects)
     EXPECT_FALSE(vorlan::HasUpdateRegion(hWnd));
 }
 
-// A worker that ends takes its windows along; thread_exit on the main
-// thread keeps them.
-TEST(RealWindowThreadExit, AWorkerTakesItsWindowsAlongAndTheMainThreadKeepsItsOwn)
+TEST(VorlThread, CurrentThreadDataIsMadeOnceAndTheMainThreadsHasTheDefaultContext)
+{
+    ThreadData *data = ThreadData::GetCurrentThreadData();
+    ASSERT_NE(data, nullptr);
+    EXPECT_EQ(data->tid, GetCurrentThreadId());
+    EXPECT_EQ(ThreadData::GetCurrentThreadData(), data);
+    EXPECT_EQ(ThreadData::GetThreadData(GetCurrentThreadId(), FALSE), data);
+    ASSERT_EQ(GetCurrentThreadId(), vorlan::g_vorlData.dwMainThreadId);
+    EXPECT_EQ(data->context, g_main_context_default());
+}
+
+TEST(VorlThread, NewDataStartsEmptyWithTheCaretHidden)
+{
+    std::thread worker([] {
+        ThreadData *data = ThreadData::GetCurrentThreadData();
+        EXPECT_NE(data->context, g_main_context_default());
+        EXPECT_EQ(data->nCaretHide, 1);
+        EXPECT_EQ(data->qsFlags.load(), 0u);
+        EXPECT_TRUE(data->qMsgs.empty());
+        EXPECT_EQ(data->rcCaret.right - data->rcCaret.left, 0);
+        EXPECT_EQ(data->keyState[VK_SHIFT], 0);
+    });
+    worker.join();
+}
+
+// Thread data is made by its own thread only; id 0 without a foreground
+// thread names none.
+TEST(VorlThread, ForeignThreadDataIsNeverMadeFromOutside)
+{
+    std::promise<DWORD> idOfWorker;
+    std::promise<void> release;
+    std::thread worker([&] {
+        idOfWorker.set_value(GetCurrentThreadId());
+        release.get_future().wait();
+    });
+    const DWORD workerId = idOfWorker.get_future().get();
+    EXPECT_EQ(ThreadData::GetThreadData(workerId, TRUE), nullptr);
+    EXPECT_EQ(ThreadData::GetThreadData(workerId, FALSE), nullptr);
+    EXPECT_EQ(ThreadData::GetThreadData(0, TRUE), nullptr);
+    release.set_value();
+    worker.join();
+}
+
+// A worker that ends loses its data, its windows and its stand-ins;
+// thread_exit on the main thread keeps them.
+TEST(VorlThread, EndingWorkerLosesItsDataAndWindowsButTheMainThreadKeepsItsOwn)
 {
     TestWindow mainWindow(TopLevel());
     TestWindow mainChild(ChildOf(mainWindow.hwnd()));
+    const HWND mainStandIn = CreateTestWindow(RecordingProc);
     std::unique_ptr<TestWindow> workerTop, workerChild;
-    HWND top = nullptr, child = nullptr;
+    HWND top = nullptr, child = nullptr, standIn = nullptr;
+    DWORD workerId = 0;
     std::thread worker([&] {
-        ThreadData::GetCurrentThreadData();
+        workerId = GetCurrentThreadId();
+        standIn = CreateTestWindow(RecordingProc);
         workerTop = std::make_unique<TestWindow>(TopLevel());
         workerChild = std::make_unique<TestWindow>(ChildOf(workerTop->hwnd()));
         top = workerTop->hwnd();
         child = workerChild->hwnd();
     });
     worker.join();
-    ThreadData::thread_exit(ThreadData::GetCurrentThreadData());
+    EXPECT_EQ(ThreadData::GetThreadData(workerId, FALSE), nullptr);
+    EXPECT_FALSE(vorlan::testing::IsTestWindow(standIn));
+    {
+        std::lock_guard<std::recursive_mutex> guard(g_threadListMutex);
+        for (ThreadData *data : ThreadData::list())
+            EXPECT_NE(data->tid, workerId);
+    }
+
+    ThreadData *data = ThreadData::GetCurrentThreadData();
+    ThreadData::thread_exit(data);
+    EXPECT_EQ(ThreadData::GetThreadData(GetCurrentThreadId(), FALSE), data);
+    EXPECT_TRUE(vorlan::testing::IsTestWindow(mainStandIn));
+    DestroyTestWindow(mainStandIn);
     vorlan::GtkCriticalSection lock;
     EXPECT_EQ(vorlan::getWindow(top), nullptr);
     EXPECT_EQ(vorlan::getWindow(child), nullptr);
@@ -590,6 +625,55 @@ TEST(RealWindowThreadExit, AWorkerTakesItsWindowsAlongAndTheMainThreadKeepsItsOw
     EXPECT_NE(mainWindow.object(), nullptr);
     EXPECT_NE(mainChild.object(), nullptr);
     EXPECT_TRUE(vorlan::WindowExists(mainWindow.hwnd()));
+}
+
+TEST(VorlThread, NotifyWakesAWorkerThatWaits)
+{
+    std::atomic<ThreadData *> workerData{nullptr};
+    std::atomic<bool> woke{false};
+    std::thread worker([&] {
+        ThreadData *data = ThreadData::GetCurrentThreadData();
+        workerData = data;
+        vorlan::GtkCriticalSection lock;
+        data->wait();
+        woke = true;
+    });
+    ASSERT_TRUE(SpinUntil([&] { return workerData.load() != nullptr; }));
+    // The wake-up is kept if it comes before the worker blocks.
+    workerData.load()->notify();
+    const bool wokeInTime = SpinUntil([&] { return woke.load(); }, 5000);
+    if (!wokeInTime)
+        workerData.load()->notify();
+    worker.join();
+    EXPECT_TRUE(wokeInTime);
+}
+
+// The pump of the main thread can take the wake-up of a message that arrives
+// after the queues were looked at; waiting must not then sleep on it.
+TEST(VorlThread, WaitReturnsForAMessageWhoseWakeUpWasTaken)
+{
+    ResetCurrentThreadQueues();
+    ThreadData *data = ThreadData::GetCurrentThreadData();
+    std::thread poster([] { LockedPost(nullptr, WM_USER, 0, 0, vorlan::g_vorlData.dwMainThreadId); });
+    poster.join();
+    while (g_main_context_iteration(nullptr, FALSE)) {
+    }
+    std::atomic<bool> waited{false};
+    std::thread rescuer([&] {
+        if (!SpinUntil([&] { return waited.load(); }, 3000))
+            g_main_context_wakeup(nullptr);
+    });
+    const auto start = std::chrono::steady_clock::now();
+    {
+        vorlan::GtkCriticalSection lock;
+        data->waitMessage();
+    }
+    waited = true;
+    rescuer.join();
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+    MSG msg;
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER));
 }
 
 } // namespace

@@ -48,14 +48,3 @@ TEST(RegisteredMessages, BadNamesFailWithInvalidParameter)
         EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
     }
 }
-
-TEST(RegisteredMessages, RegisteredMessageTravelsThroughTheQueue)
-{
-    const UINT message = RegisterWindowMessageA("VorlanRegisteredTravel");
-    ASSERT_TRUE(PostMessageW(nullptr, message, 11, 22));
-    MSG msg = {};
-    ASSERT_TRUE(PeekMessageW(&msg, reinterpret_cast<HWND>(-1), message, message, PM_REMOVE));
-    EXPECT_EQ(msg.message, message);
-    EXPECT_EQ(msg.wParam, 11u);
-    EXPECT_EQ(msg.lParam, 22);
-}
