@@ -6,8 +6,6 @@
 
 #include "support/child_process.h"
 
-#include <windows.h>
-
 #include <string>
 
 using vorlan_test::ChildOptions;
@@ -100,15 +98,4 @@ TEST(WorkAreaWithWindowManager, ReservedStripIsLeftOut)
     ASSERT_EQ(ValueOr(result, "strut_top"), "40") << result.Transcript();
     EXPECT_EQ(ValueOr(result, "workarea_ok"), "1");
     EXPECT_EQ(ValueOr(result, "workarea"), "0,40,800,600");
-}
-
-TEST(WorkAreaWithWindowManager, ChildSeesTheSameAreaAsThisProcess)
-{
-    RECT area = {};
-    ASSERT_TRUE(SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0));
-    const ChildResult result = RunChild(ProbeOptions());
-    ASSERT_TRUE(result.exited && result.exitStatus == 0) << result.Transcript();
-    const std::string expected = std::to_string(area.left) + "," + std::to_string(area.top) + "," +
-                                 std::to_string(area.right) + "," + std::to_string(area.bottom);
-    EXPECT_EQ(ValueOr(result, "workarea"), expected);
 }

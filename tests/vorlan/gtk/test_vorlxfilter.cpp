@@ -1,5 +1,5 @@
-// The process-wide X event filter and GDK event handler, both installed by
-// start-up: the filter takes the Expose events of windows that GTK does not
+// The scoped X error trap, and the process-wide X event filter and GDK
+// event handler, both installed by start-up: the filter takes the Expose events of windows that GTK does not
 // draw; the handler gives events of windows without a handle to GTK and
 // those of windows with one to the window layer, or drops them.
 
@@ -8,6 +8,7 @@
 
 #include "gtk/vorlglobals.h"
 #include "gtk/vorlgtklock.h"
+#include "gtk/vorlxerror.h"
 #include "support/gtk_helpers.h"
 
 #include <gdk/gdkx.h>
@@ -16,6 +17,7 @@
 #include <vector>
 
 using namespace vorlan_test;
+using vorlan::TemporaryXErrorHandler;
 
 namespace {
 
@@ -128,6 +130,48 @@ void SendCloseRequest(XID window)
     event.xclient.data.l[1] = CurrentTime;
     XSendEvent(XDisplay(), window, False, 0, &event);
     XSync(XDisplay(), False);
+}
+
+int g_outerErrors = 0;
+
+int CountingHandler(Display *, XErrorEvent *)
+{
+    ++g_outerErrors;
+    return 0;
+}
+
+// Installs CountingHandler for the lifetime of the object.
+class OuterHandler {
+public:
+    OuterHandler()
+    {
+        vorlan::GtkCriticalSection lock;
+        g_outerErrors = 0;
+        m_previous = XSetErrorHandler(CountingHandler);
+    }
+    ~OuterHandler()
+    {
+        vorlan::GtkCriticalSection lock;
+        XSetErrorHandler(m_previous);
+    }
+
+private:
+    XErrorHandler m_previous;
+};
+
+XErrorHandler CurrentHandler()
+{
+    vorlan::GtkCriticalSection lock;
+    XErrorHandler current = XSetErrorHandler(nullptr);
+    XSetErrorHandler(current);
+    return current;
+}
+
+Status GetAttributes(XID window)
+{
+    vorlan::GtkCriticalSection lock;
+    XWindowAttributes attributes;
+    return XGetWindowAttributes(XDisplay(), window, &attributes);
 }
 
 } // namespace
@@ -275,4 +319,62 @@ TEST(GdkEventHandler, IsInstalledFromStartup)
     SendCloseRequest(plain.xid());
     EXPECT_TRUE(PumpUntil([&] { return plain.count(GDK_DELETE) > 0; }));
     EXPECT_EQ(withHandle.count(GDK_DELETE), 0);
+}
+
+// Each trap starts without an error, catches the error of a gone window and
+// leaves the toolkit lock as it found it.
+TEST(TemporaryXErrorHandler, StartsWithoutErrorAndCatchesTheErrorOfAGoneWindow)
+{
+    {
+        TemporaryXErrorHandler trap;
+        GetAttributes(DestroyedXWindow());
+        EXPECT_EQ(vorlan::GtkCriticalSection::depth(), 0);
+    }
+    ASSERT_NE(TemporaryXErrorHandler::error_code, 0);
+    EXPECT_EQ(vorlan::GtkCriticalSection::owner_thread(), vorlan::GtkCriticalSection::kNoOwner);
+    {
+        TemporaryXErrorHandler trap;
+        EXPECT_EQ(TemporaryXErrorHandler::error_code, 0);
+        ForeignXWindow live;
+        EXPECT_NE(GetAttributes(live.xid()), 0);
+        EXPECT_EQ(TemporaryXErrorHandler::error_code, 0);
+    }
+    const XID gone = DestroyedXWindow();
+    vorlan::GtkCriticalSection lock;
+    TemporaryXErrorHandler trap;
+    EXPECT_EQ(GetAttributes(gone), 0);
+    XSync(XDisplay(), False);
+    EXPECT_EQ(TemporaryXErrorHandler::error_code, BadWindow);
+}
+
+TEST(TemporaryXErrorHandler, SyncsOnLeavingSoLateErrorsAreCaught)
+{
+    const XID gone = DestroyedXWindow();
+    {
+        TemporaryXErrorHandler trap;
+        vorlan::GtkCriticalSection lock;
+        XMapWindow(XDisplay(), gone); // no reply: the error comes at the next sync
+    }
+    EXPECT_EQ(TemporaryXErrorHandler::error_code, BadWindow);
+}
+
+TEST(TemporaryXErrorHandler, NestedScopesRestoreEachLevelAndThePreviousHandler)
+{
+    OuterHandler outer;
+    const XErrorHandler before = CurrentHandler();
+    {
+        TemporaryXErrorHandler outerTrap;
+        const XErrorHandler trapHandler = CurrentHandler();
+        EXPECT_NE(trapHandler, before);
+        {
+            TemporaryXErrorHandler innerTrap;
+            GetAttributes(DestroyedXWindow());
+        }
+        EXPECT_EQ(CurrentHandler(), trapHandler);
+        EXPECT_EQ(TemporaryXErrorHandler::error_code, BadWindow);
+    }
+    EXPECT_EQ(g_outerErrors, 0);
+    EXPECT_EQ(CurrentHandler(), before);
+    GetAttributes(DestroyedXWindow());
+    EXPECT_EQ(g_outerErrors, 1);
 }
