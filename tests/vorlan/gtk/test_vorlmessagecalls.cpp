@@ -73,12 +73,6 @@ LRESULT CALLBACK RecordingHook(int code, WPARAM, LPARAM)
     return answer;
 }
 
-// A hook of the calling thread; UnhookWindowsHookEx ends it.
-HHOOK SetThreadHook(int type, HOOKPROC procedure)
-{
-    return SetWindowsHookExW(type, procedure, nullptr, GetCurrentThreadId());
-}
-
 WindowOptions HiddenTopLevel()
 {
     WindowOptions options;
@@ -269,7 +263,7 @@ TEST_F(MessageCalls, DispatchGoesToTheWindowProcedureOrTheTimerProcedure)
 // may swallow it; a message hook sees peeks with and without removal.
 TEST_F(MessageCalls, HooksSeeRetrievedMessagesAndMaySwallowKeys)
 {
-    HHOOK hook = SetThreadHook(WH_KEYBOARD, RecordingHook<1>);
+    HHOOK hook = SetWindowsHookExW(WH_KEYBOARD, RecordingHook<1>, nullptr, GetCurrentThreadId());
     ASSERT_NE(hook, nullptr);
     ASSERT_TRUE(PostMessageW(window(), WM_KEYDOWN, 'A', 0));
     ASSERT_TRUE(PostMessageW(window(), WM_PROBE, 0, 0));
@@ -283,7 +277,7 @@ TEST_F(MessageCalls, HooksSeeRetrievedMessagesAndMaySwallowKeys)
     UnhookWindowsHookEx(hook);
 
     g_hookCalls = 0;
-    hook = SetThreadHook(WH_GETMESSAGE, RecordingHook<0>);
+    hook = SetWindowsHookExW(WH_GETMESSAGE, RecordingHook<0>, nullptr, GetCurrentThreadId());
     ASSERT_NE(hook, nullptr);
     ASSERT_TRUE(PostMessageW(nullptr, WM_PROBE, 0, 0));
     EXPECT_TRUE(PeekMessageW(&msg, nullptr, 0, 0, PM_NOREMOVE));

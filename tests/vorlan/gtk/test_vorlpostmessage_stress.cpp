@@ -53,7 +53,6 @@ struct Participant {
 
 struct Stress {
     Participant participants[kParticipants];
-    std::atomic<long> wrongReplies{0};
     std::atomic<long> rightReplies{0};
     std::atomic<long> failedCalls{0};
     std::atomic<int> sendersDone{0};
@@ -108,10 +107,7 @@ void RunWorker(Stress &stress, int self)
         if (i % 2 == 0) {
             const WPARAM wParam = static_cast<WPARAM>(i);
             const LRESULT reply = SendMessageW(window, WM_STRESS_SEND, wParam, self);
-            if (reply == Expected(wParam, self))
-                ++stress.rightReplies;
-            else
-                ++stress.wrongReplies;
+            stress.rightReplies += reply == Expected(wParam, self);
         } else {
             if (!PostMessageW(window, WM_STRESS_POST, postSequence[target]++, self))
                 ++stress.failedCalls;
@@ -172,7 +168,7 @@ TEST(MessageStress, ThreadsSendAndPostToEachOtherAndToTheMainThread)
     watchdog.join();
     const auto elapsed = std::chrono::steady_clock::now() - start;
 
-    EXPECT_EQ(stress.wrongReplies.load(), 0);
+    // Every send is counted once, so a wrong reply shows here.
     EXPECT_EQ(stress.rightReplies.load(), static_cast<long>(kWorkers) * kMessagesPerWorker / 2);
     EXPECT_EQ(stress.failedCalls.load(), 0);
     for (int p = 0; p < kParticipants; ++p) {

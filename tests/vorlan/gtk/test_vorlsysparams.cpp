@@ -158,7 +158,7 @@ TEST(SystemParametersW, WorkAreaIsWindowManagersWorkArea)
     EXPECT_FALSE(SystemParametersInfoW(SPI_GETWORKAREA, 0, nullptr, 0));
 }
 
-TEST(SystemParametersA, NonClientMetricsNarrowedAndWrongSizesRefused)
+TEST(SystemParametersA, NonClientMetricsNarrowedWrongSizesRefusedAndOtherActionsWide)
 {
     NONCLIENTMETRICSA metrics = SentinelRecord<NONCLIENTMETRICSA>(340);
     ASSERT_TRUE(SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, 0, &metrics, 0));
@@ -171,10 +171,8 @@ TEST(SystemParametersA, NonClientMetricsNarrowedAndWrongSizesRefused)
         EXPECT_FALSE(SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, 0, &metrics, 0)) << size;
         EXPECT_TRUE(OnlySizeSet(metrics, size)) << size;
     }
-}
 
-TEST(SystemParametersA, OtherActionsGoToWideForm)
-{
+    // Other actions go to the wide form.
     UINT value = 0;
     EXPECT_TRUE(SystemParametersInfoA(SPI_GETDRAGFULLWINDOWS, 0, &value, 0));
     EXPECT_EQ(value, 1u);
@@ -215,7 +213,7 @@ TEST(CopyLogFont, CopiesNumbersAndFaceNameCutsLongNamesAndRefusesNull)
 }
 
 
-TEST(LocaleIds, FollowSystemDefault)
+TEST(LocaleIds, FollowSystemDefaultAndTheStandInsDoNothing)
 {
     const LCID system = GetSystemDefaultLCID();
     EXPECT_EQ(GetUserDefaultLCID(), system);
@@ -224,6 +222,10 @@ TEST(LocaleIds, FollowSystemDefault)
     EXPECT_EQ(GetUserDefaultLangID(), LANGIDFROMLCID(system));
     EXPECT_EQ(reinterpret_cast<UINT_PTR>(GetKeyboardLayout(0)), UINT_PTR(LANGIDFROMLCID(system)));
     EXPECT_EQ(GetKeyboardLayout(12345), GetKeyboardLayout(0));
+    // The keyboard and session stand-ins do nothing.
+    EXPECT_EQ(LoadKeyboardLayoutA("00000409", KLF_ACTIVATE), nullptr);
+    EXPECT_EQ(ActivateKeyboardLayout(GetKeyboardLayout(0), 0), nullptr);
+    EXPECT_FALSE(ExitWindowsEx(EWX_LOGOFF, 0));
 }
 
 TEST(LocaleInfoW, WidensNarrowTextAndCountsLikeTheNarrowForm)
@@ -284,11 +286,4 @@ TEST(ValidLocale, IcuLocalesAreValidAndUnknownIdsAreNot)
     EXPECT_FALSE(IsValidLocale(0x7FFF, LCID_INSTALLED));
     EXPECT_FALSE(IsValidLocale(0xFFFFFFFF, LCID_INSTALLED));
     EXPECT_FALSE(IsValidLocale(0, LCID_INSTALLED));
-}
-
-TEST(KeyboardStandIns, DoNothing)
-{
-    EXPECT_EQ(LoadKeyboardLayoutA("00000409", KLF_ACTIVATE), nullptr);
-    EXPECT_EQ(ActivateKeyboardLayout(GetKeyboardLayout(0), 0), nullptr);
-    EXPECT_FALSE(ExitWindowsEx(EWX_LOGOFF, 0));
 }
