@@ -4,10 +4,10 @@
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"
+#include "support/gdk_lock_counter.h"
 
 #include <gdk/gdk.h>
 
-#include <atomic>
 #include <chrono>
 #include <future>
 #include <stdexcept>
@@ -16,56 +16,9 @@
 using vorlan::GtkCriticalSection;
 using vorlan::GtkLockMark;
 using vorlan::GtkLockReleaser;
+using vorlan_test::GdkLockCounter;
 
 namespace {
-
-// Replaces GDK's lock functions by counting ones that forward to the
-// originals.  Taking the lock a second time on one thread would deadlock
-// GDK's mutex; the counting lock reports that as a failure instead.
-class CountingGdkLock {
-public:
-    CountingGdkLock()
-    {
-        s_enters = 0;
-        s_leaves = 0;
-        s_originalLock = gdk_threads_lock;
-        s_originalUnlock = gdk_threads_unlock;
-        gdk_threads_lock = reinterpret_cast<GCallback>(&Lock);
-        gdk_threads_unlock = reinterpret_cast<GCallback>(&Unlock);
-    }
-    ~CountingGdkLock()
-    {
-        gdk_threads_lock = s_originalLock;
-        gdk_threads_unlock = s_originalUnlock;
-    }
-
-    static int enters() { return s_enters; }
-    static int leaves() { return s_leaves; }
-
-private:
-    static void Lock()
-    {
-        if (t_holding) {
-            ADD_FAILURE() << "GDK's lock taken twice by one thread";
-            return;
-        }
-        reinterpret_cast<void (*)()>(s_originalLock)();
-        t_holding = true;
-        ++s_enters;
-    }
-    static void Unlock()
-    {
-        t_holding = false;
-        ++s_leaves;
-        reinterpret_cast<void (*)()>(s_originalUnlock)();
-    }
-
-    static inline std::atomic<int> s_enters{0};
-    static inline std::atomic<int> s_leaves{0};
-    static inline GCallback s_originalLock = nullptr;
-    static inline GCallback s_originalUnlock = nullptr;
-    static inline thread_local bool t_holding = false;
-};
 
 bool OwnedByCaller()
 {
@@ -91,15 +44,12 @@ bool ReadyWithin(std::future<void> &future, int milliseconds)
 
 } // namespace
 
-TEST(GtkCriticalSection, IsFreeBetweenCalls)
+// Nested scopes take GDK's lock once; another thread waits until the
+// outermost scope ends.
+TEST(GtkCriticalSection, NestedScopesTakeGdkLockOnceAndOtherThreadsWait)
 {
-    EXPECT_EQ(GtkCriticalSection::depth(), 0);
-    EXPECT_TRUE(NoOwner());
-}
-
-TEST(GtkCriticalSection, NestedScopesTakeGdkLockOnce)
-{
-    CountingGdkLock counting;
+    GdkLockCounter counting;
+    std::future<void> other;
     {
         GtkCriticalSection outer;
         EXPECT_EQ(GtkCriticalSection::depth(), 1);
@@ -107,118 +57,69 @@ TEST(GtkCriticalSection, NestedScopesTakeGdkLockOnce)
         {
             GtkCriticalSection inner;
             EXPECT_EQ(GtkCriticalSection::depth(), 2);
-        }
-        EXPECT_EQ(GtkCriticalSection::depth(), 1);
-        EXPECT_TRUE(OwnedByCaller());
-        EXPECT_EQ(CountingGdkLock::leaves(), 0);
-    }
-    EXPECT_EQ(CountingGdkLock::enters(), 1);
-    EXPECT_EQ(CountingGdkLock::leaves(), 1);
-    EXPECT_EQ(GtkCriticalSection::depth(), 0);
-    EXPECT_TRUE(NoOwner());
-}
-
-TEST(GtkCriticalSection, OtherThreadWaitsUntilOutermostScopeEnds)
-{
-    std::future<void> other;
-    {
-        GtkCriticalSection outer;
-        {
-            GtkCriticalSection inner;
             other = EnterFromOtherThread();
             EXPECT_FALSE(ReadyWithin(other, 50));
         }
+        EXPECT_EQ(GtkCriticalSection::depth(), 1);
+        EXPECT_TRUE(OwnedByCaller());
         EXPECT_FALSE(ReadyWithin(other, 50));
+        EXPECT_EQ(counting.leaves(), 0);
+        EXPECT_EQ(counting.enters(), 1);
     }
     EXPECT_TRUE(ReadyWithin(other, 5000));
+    EXPECT_EQ(counting.enters(), 2);
+    EXPECT_EQ(counting.leaves(), 2);
+    EXPECT_EQ(GtkCriticalSection::depth(), 0);
+    EXPECT_TRUE(NoOwner());
 }
 
 TEST(GtkCriticalSection, LeaveAllAtDepthThreeThenEnterAllRestores)
 {
-    CountingGdkLock counting;
+    GdkLockCounter counting;
     GtkCriticalSection one, two, three;
     const int saved = GtkCriticalSection::leave_all();
     EXPECT_EQ(saved, 3);
     EXPECT_TRUE(NoOwner());
-    EXPECT_EQ(CountingGdkLock::leaves(), 1);
+    EXPECT_EQ(counting.leaves(), 1);
     GtkCriticalSection::enter_all(saved);
     EXPECT_EQ(GtkCriticalSection::depth(), 3);
     EXPECT_TRUE(OwnedByCaller());
-    EXPECT_EQ(CountingGdkLock::enters(), 2);
+    EXPECT_EQ(counting.enters(), 2);
 }
 
-TEST(GtkCriticalSection, LeaveAllWithoutTheLockReturnsMinusOne)
+// leave_all, enter_all(-1 or 0) and a releaser on a thread without the lock
+// must neither take nor free GDK's lock, nor take it from its owner.
+TEST(GtkCriticalSection, WithoutTheLockLeaveAllEnterAllAndReleaserDoNothing)
 {
-    CountingGdkLock counting;
+    {
+        GtkCriticalSection outer, inner;
+        std::async(std::launch::async, [] {
+            EXPECT_EQ(GtkCriticalSection::leave_all(), -1);
+            GtkCriticalSection::leave_once();
+        }).get();
+        EXPECT_EQ(GtkCriticalSection::depth(), 2);
+        EXPECT_TRUE(OwnedByCaller());
+    }
+    GdkLockCounter counting;
     const int saved = GtkCriticalSection::leave_all();
     EXPECT_EQ(saved, -1);
     GtkCriticalSection::enter_all(saved);
-    EXPECT_EQ(GtkCriticalSection::depth(), 0);
-    EXPECT_TRUE(NoOwner());
-    EXPECT_EQ(CountingGdkLock::enters(), 0);
-    EXPECT_EQ(CountingGdkLock::leaves(), 0);
-}
-
-TEST(GtkCriticalSection, LeaveByAnotherThreadChangesNothing)
-{
-    GtkCriticalSection outer, inner;
-    std::async(std::launch::async, [] {
-        EXPECT_EQ(GtkCriticalSection::leave_all(), -1);
-        GtkCriticalSection::leave_once();
-    }).get();
-    EXPECT_EQ(GtkCriticalSection::depth(), 2);
-    EXPECT_TRUE(OwnedByCaller());
-}
-
-TEST(GtkCriticalSection, EnterAllOfZeroDoesNothing)
-{
-    CountingGdkLock counting;
     GtkCriticalSection::enter_all(0);
-    EXPECT_EQ(CountingGdkLock::enters(), 0);
-    EXPECT_TRUE(NoOwner());
-}
-
-TEST(GtkLockReleaser, OtherThreadProceedsWhileReleasedAndDepthComesBack)
-{
-    GtkCriticalSection outer, inner;
-    {
-        GtkLockReleaser released;
-        EXPECT_EQ(released.saved_depth(), 2);
-        EXPECT_TRUE(NoOwner());
-        std::future<void> other = EnterFromOtherThread();
-        EXPECT_TRUE(ReadyWithin(other, 5000));
-    }
-    EXPECT_EQ(GtkCriticalSection::depth(), 2);
-    EXPECT_TRUE(OwnedByCaller());
-}
-
-TEST(GtkLockReleaser, ExceptionPassingRestoresDepth)
-{
-    GtkCriticalSection outer, inner;
-    EXPECT_THROW(
-        {
-            GtkLockReleaser released;
-            throw std::runtime_error("from application code");
-        },
-        std::runtime_error);
-    EXPECT_EQ(GtkCriticalSection::depth(), 2);
-    EXPECT_TRUE(OwnedByCaller());
-}
-
-TEST(GtkLockReleaser, DoesNothingWithoutTheLock)
-{
-    CountingGdkLock counting;
     {
         GtkLockReleaser released;
         EXPECT_EQ(released.saved_depth(), -1);
     }
-    EXPECT_EQ(CountingGdkLock::enters(), 0);
+    EXPECT_EQ(GtkCriticalSection::depth(), 0);
     EXPECT_TRUE(NoOwner());
+    EXPECT_EQ(counting.enters(), 0);
+    EXPECT_EQ(counting.leaves(), 0);
 }
 
-TEST(GtkCriticalSection, MarkEnteredThenScopeDoesNotTakeGdkLockAgain)
+// Code that GDK calls with its lock held marks the lock instead of taking
+// it; a mark inside a scope of the thread's own only counts.
+TEST(GtkCriticalSection, MarkedLockIsNotTakenAgainAndKeepsTheOwner)
 {
-    CountingGdkLock counting;
+    GdkLockCounter counting;
     gdk_threads_enter(); // as GDK does around its dispatch
     GtkCriticalSection::mark_entered();
     EXPECT_EQ(GtkCriticalSection::depth(), 1);
@@ -226,28 +127,35 @@ TEST(GtkCriticalSection, MarkEnteredThenScopeDoesNotTakeGdkLockAgain)
     {
         GtkCriticalSection exported;
         EXPECT_EQ(GtkCriticalSection::depth(), 2);
+        GtkCriticalSection::mark_entered();
+        EXPECT_EQ(GtkCriticalSection::depth(), 3);
+        GtkCriticalSection::mark_left();
+        EXPECT_TRUE(OwnedByCaller());
     }
-    EXPECT_EQ(CountingGdkLock::enters(), 1);
-    EXPECT_EQ(CountingGdkLock::leaves(), 0);
+    EXPECT_EQ(counting.enters(), 1);
+    EXPECT_EQ(counting.leaves(), 0);
     GtkCriticalSection::mark_left();
     EXPECT_EQ(GtkCriticalSection::depth(), 0);
     EXPECT_TRUE(NoOwner());
     gdk_threads_leave();
-    EXPECT_EQ(CountingGdkLock::leaves(), 1);
+    EXPECT_EQ(counting.leaves(), 1);
 }
 
-TEST(GtkCriticalSection, MarkInsideOwnScopeKeepsOwnerAndDepth)
+// An exception from application code passing a released region restores
+// the depth; one from a callback passing a mark unmarks.
+TEST(GtkLockReleaser, ExceptionsPassingAReleaseOrAMarkRestoreTheLock)
 {
-    GtkCriticalSection outer;
-    GtkCriticalSection::mark_entered();
-    EXPECT_EQ(GtkCriticalSection::depth(), 2);
-    GtkCriticalSection::mark_left();
-    EXPECT_EQ(GtkCriticalSection::depth(), 1);
-    EXPECT_TRUE(OwnedByCaller());
-}
-
-TEST(GtkLockMark, ExceptionPassingUnmarks)
-{
+    {
+        GtkCriticalSection outer, inner;
+        EXPECT_THROW(
+            {
+                GtkLockReleaser released;
+                throw std::runtime_error("from application code");
+            },
+            std::runtime_error);
+        EXPECT_EQ(GtkCriticalSection::depth(), 2);
+        EXPECT_TRUE(OwnedByCaller());
+    }
     gdk_threads_enter();
     EXPECT_THROW(
         {
@@ -262,20 +170,23 @@ TEST(GtkLockMark, ExceptionPassingUnmarks)
 }
 
 // A window procedure called from inside a GDK callback: the releaser frees
-// GDK's own hold as well, so another thread gets through, and the hold is
-// back before GDK continues.
-TEST(GtkLockReleaser, InsideGdkCallbackFreesTheLockForOthers)
+// GDK's own hold as well, so another thread gets through, and the hold and
+// the depth are back before GDK continues.
+TEST(GtkLockReleaser, FreesTheLockForOthersAlsoInsideAGdkCallback)
 {
     gdk_threads_enter();
     {
         GtkLockMark mark;
-        GtkCriticalSection exported;
+        GtkCriticalSection exported, inner;
         {
             GtkLockReleaser released;
+            EXPECT_EQ(released.saved_depth(), 3);
+            EXPECT_TRUE(NoOwner());
             std::future<void> other = EnterFromOtherThread();
             EXPECT_TRUE(ReadyWithin(other, 5000));
         }
-        EXPECT_EQ(GtkCriticalSection::depth(), 2);
+        EXPECT_EQ(GtkCriticalSection::depth(), 3);
+        EXPECT_TRUE(OwnedByCaller());
     }
     EXPECT_TRUE(NoOwner());
     std::future<void> blocked = EnterFromOtherThread();
@@ -284,10 +195,8 @@ TEST(GtkLockReleaser, InsideGdkCallbackFreesTheLockForOthers)
     EXPECT_TRUE(ReadyWithin(blocked, 5000));
 }
 
-using GtkCriticalSectionDeathTest = ::testing::Test;
-
 // An unbalanced mark_left leaves the count below the owner's holds.
-TEST_F(GtkCriticalSectionDeathTest, LeaveOnceBelowOneIsFatal)
+TEST(GtkCriticalSectionDeathTest, UnbalancedLeavesAreFatal)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_DEATH(
@@ -297,11 +206,6 @@ TEST_F(GtkCriticalSectionDeathTest, LeaveOnceBelowOneIsFatal)
             GtkCriticalSection::leave_once();
         },
         "vorlan/gtk/vorlgtklock:[0-9]+:.*leave_once.*assertion failed: \\(lock_ref >= 1\\)");
-}
-
-TEST_F(GtkCriticalSectionDeathTest, LeaveAllBelowZeroIsFatal)
-{
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_DEATH(
         {
             GtkCriticalSection::mark_left();

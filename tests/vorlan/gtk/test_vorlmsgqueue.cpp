@@ -1,21 +1,31 @@
 // Message retrieval of one thread: the order of the sources, removal, the
-// message and window filters with their 16-bit cuts, WM_QUIT, the paint and
-// timer queues.
+// message and window filters with their 16-bit cuts, WM_QUIT, the input,
+// paint and timer queues; first with stand-in windows, then with window objects, whose
+// posts reach the owning thread's queue, whose parent links order the paint
+// queue and steer the window filter, and which a thread that ends takes
+// along.  Thread data: made by its own thread only, found by id, removed when
+// a worker ends and never for the main thread; wait and notify.
 
 #include <gtest/gtest.h>
 
+#include "gtk/vorlglobals.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlpostmessage.h"
+#include "gtk/vorlpumpdeps.h"
 #include "gtk/vorltestwindows.h"
 #include "gtk/vorlthread.h"
+#include "gtk/vorlwindow.h"
 #include "support/gtk_helpers.h"
 #include "support/queue_helpers.h"
+#include "support/window_objects.h"
 
 #include <gdk/gdkx.h>
 #include <imm.h>
 
 #include <atomic>
-#include <mutex>
+#include <chrono>
+#include <future>
+#include <memory>
 #include <thread>
 #include <vector>
 
@@ -33,20 +43,13 @@ struct Call {
     WPARAM wParam;
 };
 
-std::mutex g_callsMutex;
+// Sent messages run on the receiving thread, the test's own.
 std::vector<Call> g_calls;
 
 LRESULT CALLBACK RecordingProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM)
 {
-    std::lock_guard<std::mutex> guard(g_callsMutex);
     g_calls.push_back({hWnd, message, wParam});
     return 0;
-}
-
-std::vector<Call> Calls()
-{
-    std::lock_guard<std::mutex> guard(g_callsMutex);
-    return g_calls;
 }
 
 class MessageQueue : public ::testing::Test {
@@ -54,7 +57,6 @@ protected:
     void SetUp() override
     {
         ResetCurrentThreadQueues();
-        std::lock_guard<std::mutex> guard(g_callsMutex);
         g_calls.clear();
     }
     void TearDown() override
@@ -64,18 +66,20 @@ protected:
             DestroyTestWindow(window);
     }
 
-    HWND Window(HWND parent = nullptr)
+    HWND Window()
     {
-        m_windows.push_back(CreateTestWindow(RecordingProc, parent));
+        m_windows.push_back(CreateTestWindow(RecordingProc));
         return m_windows.back();
     }
     ThreadData *Data() { return ThreadData::GetCurrentThreadData(); }
 
-    void QueueKeyDown(WPARAM key)
+    void QueueInput(UINT message, WPARAM wParam, int x = 0, int y = 0, WORD wFlags = 0)
     {
         _InputMSG record = {};
-        record.message = WM_KEYDOWN;
-        record.wParam = key;
+        record.message = message;
+        record.wParam = wParam;
+        record.pt = {x, y};
+        record.wFlags = wFlags;
         vorlan::GtkCriticalSection lock;
         Data()->QueueInputMessage(&record);
     }
@@ -88,6 +92,11 @@ protected:
     {
         vorlan::GtkCriticalSection lock;
         Data()->QueuePaintMessage(hWnd);
+    }
+    std::deque<HWND> PaintQueue()
+    {
+        vorlan::GtkCriticalSection lock;
+        return Data()->qPaintWnds;
     }
     void RequestQuit(int code)
     {
@@ -132,7 +141,7 @@ TEST_F(MessageQueue, SourcesAreTakenInTheirOrder)
     QueueTimer(window, 1);
     QueuePaint(window);
     SetTestWindowUpdateRegion(window, true);
-    QueueKeyDown('A');
+    QueueInput(WM_KEYDOWN, 'A');
     RequestQuit(7);
     ASSERT_EQ(LockedPost(window, WM_USER), 1);
     PendingSend send(window, WM_USER + 1);
@@ -141,8 +150,8 @@ TEST_F(MessageQueue, SourcesAreTakenInTheirOrder)
     std::vector<UINT> taken;
     ASSERT_TRUE(LockedPeek(&msg));
     // The sent message ran before anything was returned.
-    ASSERT_EQ(Calls().size(), 1u);
-    EXPECT_EQ(Calls()[0].message, static_cast<UINT>(WM_USER + 1));
+    ASSERT_EQ(g_calls.size(), 1u);
+    EXPECT_EQ(g_calls[0].message, static_cast<UINT>(WM_USER + 1));
     taken.push_back(msg.message);
     while (LockedPeek(&msg)) {
         taken.push_back(msg.message);
@@ -162,56 +171,35 @@ TEST_F(MessageQueue, PostedImeResultAlsoReachesTheWindowAsPrivateMessage)
     MSG msg;
     ASSERT_TRUE(LockedPeek(&msg));
     EXPECT_EQ(msg.message, static_cast<UINT>(WM_IME_COMPOSITION));
-    ASSERT_EQ(Calls().size(), 1u);
-    EXPECT_EQ(Calls()[0].message, 1014u);
-    EXPECT_EQ(Calls()[0].wParam, 0x41u);
+    ASSERT_EQ(g_calls.size(), 1u);
+    EXPECT_EQ(g_calls[0].message, 1014u);
+    EXPECT_EQ(g_calls[0].wParam, 0x41u);
     ASSERT_TRUE(LockedPeek(&msg));
-    EXPECT_EQ(Calls().size(), 1u);
+    EXPECT_EQ(g_calls.size(), 1u);
 }
 
-TEST_F(MessageQueue, NoRemoveLeavesThePostedMessage)
+// Posted messages keep their order; PM_NOREMOVE leaves them; a message
+// filter (whose bounds are cut to 16 bits) skips others without reordering.
+TEST_F(MessageQueue, PostedMessagesKeepTheirOrderUnderRemovalAndFilters)
 {
-    ASSERT_EQ(LockedPost(nullptr, WM_USER, 5, 6), 1);
-    MSG first, second, removed;
+    for (UINT i = 0; i < 4; ++i)
+        ASSERT_EQ(LockedPost(nullptr, WM_USER + i, 5, 6), 1);
+    MSG first, second, msg;
     ASSERT_TRUE(LockedPeek(&first, nullptr, 0, 0, PM_NOREMOVE));
     ASSERT_TRUE(LockedPeek(&second, nullptr, 0, 0, PM_NOREMOVE));
-    ASSERT_TRUE(LockedPeek(&removed, nullptr, 0, 0, PM_REMOVE));
     EXPECT_EQ(first.message, static_cast<UINT>(WM_USER));
     EXPECT_EQ(first.wParam, 5u);
     EXPECT_EQ(first.lParam, 6);
     EXPECT_EQ(second.message, first.message);
-    EXPECT_EQ(removed.message, first.message);
-    EXPECT_FALSE(LockedPeek(&removed));
-}
-
-TEST_F(MessageQueue, PostedMessagesKeepTheirOrder)
-{
-    for (UINT i = 0; i < 5; ++i)
-        ASSERT_EQ(LockedPost(nullptr, WM_USER + i), 1);
-    MSG msg;
-    for (UINT i = 0; i < 5; ++i) {
+    ASSERT_TRUE(LockedPeek(&msg, nullptr, WM_USER + 2, WM_USER + 2));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 2));
+    ASSERT_TRUE(LockedPeek(&msg, nullptr, 0x10000 + WM_USER + 3, 0x20000 + WM_USER + 3));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 3));
+    for (UINT i = 0; i < 2; ++i) {
         ASSERT_TRUE(LockedPeek(&msg));
         EXPECT_EQ(msg.message, WM_USER + i);
     }
-}
-
-TEST_F(MessageQueue, FilterBoundsAreCutTo16Bits)
-{
-    ASSERT_EQ(LockedPost(nullptr, WM_USER), 1);
-    MSG msg;
-    ASSERT_TRUE(LockedPeek(&msg, nullptr, 0x10000 + WM_USER, 0x20000 + WM_USER));
-    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER));
-}
-
-TEST_F(MessageQueue, MessageFilterSkipsWithoutReordering)
-{
-    ASSERT_EQ(LockedPost(nullptr, WM_USER + 1), 1);
-    ASSERT_EQ(LockedPost(nullptr, WM_USER + 2), 1);
-    MSG msg;
-    ASSERT_TRUE(LockedPeek(&msg, nullptr, WM_USER + 2, WM_USER + 2));
-    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 2));
-    ASSERT_TRUE(LockedPeek(&msg));
-    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 1));
+    EXPECT_FALSE(LockedPeek(&msg));
 }
 
 TEST_F(MessageQueue, BoundsInTheWrongOrderStillRunSentMessagesAndQuit)
@@ -224,27 +212,13 @@ TEST_F(MessageQueue, BoundsInTheWrongOrderStillRunSentMessagesAndQuit)
         PendingSend send(window, WM_USER + 3);
         // 0x10400 is cut to 0x400, below the lower bound.
         EXPECT_FALSE(LockedPeek(&msg, nullptr, 0x500, 0x10400));
-        ASSERT_EQ(Calls().size(), 1u);
-        EXPECT_EQ(Calls()[0].message, static_cast<UINT>(WM_USER + 3));
+        ASSERT_EQ(g_calls.size(), 1u);
+        EXPECT_EQ(g_calls[0].message, static_cast<UINT>(WM_USER + 3));
     }
     RequestQuit(3);
     ASSERT_TRUE(LockedPeek(&msg, nullptr, 0x500, 0x10400));
     EXPECT_EQ(msg.message, static_cast<UINT>(WM_QUIT));
     EXPECT_EQ(msg.wParam, 3u);
-}
-
-TEST_F(MessageQueue, BoundsInTheWrongOrderDoNotPumpGdk)
-{
-    PlainGdkWindow window(0, 0, 10, 10);
-    PumpPending();
-    SendExpose(window.xid(), 0, 0, 5, 5);
-    vorlan::GtkCriticalSection lock;
-    ASSERT_TRUE(gdk_events_pending());
-    MSG msg;
-    EXPECT_FALSE(ThreadData::GetCurrentThreadData()->peekMessage(&msg, nullptr, 0x500, 0x400, PM_REMOVE, TRUE));
-    EXPECT_TRUE(gdk_events_pending());
-    EXPECT_FALSE(ThreadData::GetCurrentThreadData()->peekMessage(&msg, nullptr, 0, 0, PM_REMOVE, TRUE));
-    EXPECT_FALSE(gdk_events_pending());
 }
 
 TEST_F(MessageQueue, QuitPassesEveryFilterAndIsTakenOnce)
@@ -264,24 +238,6 @@ TEST_F(MessageQueue, QuitPassesEveryFilterAndIsTakenOnce)
     EXPECT_EQ(Data()->nQuitCode, 0);
 }
 
-TEST_F(MessageQueue, WindowFilterTakesDescendantsAndThreadMessagesApart)
-{
-    HWND parent = Window();
-    HWND child = Window(parent);
-    HWND other = Window();
-    ASSERT_EQ(LockedPost(other, WM_USER + 1), 1);
-    ASSERT_EQ(LockedPost(nullptr, WM_USER + 2), 1);
-    ASSERT_EQ(LockedPost(child, WM_USER + 3), 1);
-    MSG msg;
-    ASSERT_TRUE(LockedPeek(&msg, parent));
-    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 3));
-    ASSERT_TRUE(LockedPeek(&msg, reinterpret_cast<HWND>(-1)));
-    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 2));
-    EXPECT_FALSE(LockedPeek(&msg, parent));
-    ASSERT_TRUE(LockedPeek(&msg));
-    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 1));
-}
-
 TEST(MessageFilters, BoundsAndKeyMessages)
 {
     EXPECT_TRUE(MessageFilter(12345, 0, 0));
@@ -297,58 +253,28 @@ TEST(MessageFilters, BoundsAndKeyMessages)
     EXPECT_FALSE(WindowFilter(reinterpret_cast<HWND>(0x10), reinterpret_cast<HWND>(-2)));
 }
 
-TEST_F(MessageQueue, PaintStaysUntilTheRegionIsValidated)
+// The order of paints is checked with real windows; here: an entry stays
+// until its region is validated, and a window filter skips other windows.
+TEST_F(MessageQueue, PaintStaysUntilTheRegionIsValidatedAndFollowsTheWindowFilter)
 {
     HWND window = Window();
+    HWND other = Window();
+    QueuePaint(other);
     QueuePaint(window);
     SetTestWindowUpdateRegion(window, true);
+    SetTestWindowUpdateRegion(other, true);
     MSG msg;
-    ASSERT_TRUE(LockedPeek(&msg, nullptr, 0, 0, PM_NOREMOVE));
-    EXPECT_EQ(msg.message, static_cast<UINT>(WM_PAINT));
-    ASSERT_TRUE(LockedPeek(&msg, nullptr, 0, 0, PM_REMOVE));
+    ASSERT_TRUE(LockedPeek(&msg, window, 0, 0, PM_NOREMOVE));
     EXPECT_EQ(msg.message, static_cast<UINT>(WM_PAINT));
     EXPECT_EQ(msg.hwnd, window);
-    ASSERT_TRUE(LockedPeek(&msg));
-    EXPECT_EQ(msg.message, static_cast<UINT>(WM_PAINT));
+    EXPECT_FALSE(LockedPeek(&msg, window, WM_PAINT + 1, WM_PAINT + 1));
+    ASSERT_TRUE(LockedPeek(&msg, window, 0, 0, PM_REMOVE));
+    ASSERT_TRUE(LockedPeek(&msg, window));
+    EXPECT_EQ(msg.hwnd, window);
     SetTestWindowUpdateRegion(window, false);
+    SetTestWindowUpdateRegion(other, false);
     EXPECT_FALSE(LockedPeek(&msg));
-    EXPECT_TRUE(Data()->qPaintWnds.empty());
-}
-
-TEST_F(MessageQueue, ParentsArePaintedBeforeChildren)
-{
-    HWND parent = Window();
-    HWND child = Window(parent);
-    HWND grandchild = Window(child);
-    QueuePaint(grandchild);
-    QueuePaint(child);
-    QueuePaint(parent);
-    QueuePaint(child);
-    const std::deque<HWND> expectedQueue = {parent, child, grandchild};
-    EXPECT_EQ(Data()->qPaintWnds, expectedQueue);
-
-    for (HWND window : expectedQueue)
-        SetTestWindowUpdateRegion(window, true);
-    for (HWND window : expectedQueue) {
-        MSG msg;
-        ASSERT_TRUE(LockedPeek(&msg));
-        EXPECT_EQ(msg.hwnd, window);
-        SetTestWindowUpdateRegion(window, false);
-    }
-}
-
-TEST_F(MessageQueue, PaintFilterOnAWindowSkipsOthers)
-{
-    HWND first = Window();
-    HWND second = Window();
-    QueuePaint(first);
-    QueuePaint(second);
-    SetTestWindowUpdateRegion(first, true);
-    SetTestWindowUpdateRegion(second, true);
-    MSG msg;
-    ASSERT_TRUE(LockedPeek(&msg, second));
-    EXPECT_EQ(msg.hwnd, second);
-    EXPECT_FALSE(LockedPeek(&msg, second, WM_PAINT + 1, WM_PAINT + 1));
+    EXPECT_TRUE(PaintQueue().empty());
 }
 
 TEST_F(MessageQueue, PendingNonClientPaintIsSentFirst)
@@ -359,65 +285,63 @@ TEST_F(MessageQueue, PendingNonClientPaintIsSentFirst)
     MSG msg;
     // Without an update region the entry goes after the non-client paint.
     EXPECT_FALSE(LockedPeek(&msg));
-    ASSERT_EQ(Calls().size(), 1u);
-    EXPECT_EQ(Calls()[0].message, static_cast<UINT>(WM_NCPAINT));
-    EXPECT_EQ(Calls()[0].wParam, 1u);
-    EXPECT_TRUE(Data()->qPaintWnds.empty());
+    ASSERT_EQ(g_calls.size(), 1u);
+    EXPECT_EQ(g_calls[0].message, static_cast<UINT>(WM_NCPAINT));
+    EXPECT_EQ(g_calls[0].wParam, 1u);
+    EXPECT_TRUE(PaintQueue().empty());
 }
 
-TEST_F(MessageQueue, DeadWindowsLeaveThePaintAndTimerQueues)
-{
-    HWND live = Window();
-    HWND dead = CreateTestWindow(RecordingProc);
-    QueuePaint(dead);
-    QueueTimer(dead, 1);
-    QueueTimer(live, 2);
-    QueueTimer(nullptr, 3);
-    DestroyTestWindow(dead);
-    MSG msg;
-    ASSERT_TRUE(LockedPeek(&msg));
-    EXPECT_EQ(msg.message, static_cast<UINT>(WM_TIMER));
-    EXPECT_EQ(msg.wParam, 2u);
-    ASSERT_TRUE(LockedPeek(&msg));
-    EXPECT_EQ(msg.wParam, 3u);
-    EXPECT_EQ(msg.hwnd, nullptr);
-    EXPECT_FALSE(LockedPeek(&msg));
-    EXPECT_TRUE(Data()->qPaintWnds.empty());
-}
-
-TEST_F(MessageQueue, TimersFollowTheFiltersAndRemoval)
+// Timers follow the message and window filters; entries of a window that
+// died leave the timer and paint queues.
+TEST_F(MessageQueue, TimersFollowTheFiltersAndDeadWindowsLeaveTheQueues)
 {
     HWND first = Window();
     HWND second = Window();
+    HWND dead = CreateTestWindow(RecordingProc);
+    QueuePaint(dead);
+    QueueTimer(dead, 9);
     QueueTimer(first, 1);
     QueueTimer(second, 2);
+    QueueTimer(nullptr, 3);
+    DestroyTestWindow(dead);
     MSG msg;
     EXPECT_FALSE(LockedPeek(&msg, nullptr, WM_TIMER + 1, WM_TIMER + 5));
     ASSERT_TRUE(LockedPeek(&msg, second, 0, 0, PM_NOREMOVE));
     EXPECT_EQ(msg.wParam, 2u);
     ASSERT_TRUE(LockedPeek(&msg, nullptr, WM_TIMER, WM_TIMER));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_TIMER));
     EXPECT_EQ(msg.wParam, 1u);
     ASSERT_TRUE(LockedPeek(&msg));
     EXPECT_EQ(msg.wParam, 2u);
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.wParam, 3u);
+    EXPECT_EQ(msg.hwnd, nullptr);
     EXPECT_FALSE(LockedPeek(&msg));
+    EXPECT_TRUE(PaintQueue().empty());
 }
 
-TEST_F(MessageQueue, WorkerPeekDoesNotBlockWhileGdkEventsArePending)
+// With GDK events pending, a peek with bounds in the wrong order and a
+// worker's peek leave them alone and return at once; the main thread's next
+// plain peek pumps them.
+TEST_F(MessageQueue, OnlyAPlainPeekOfTheMainThreadPumpsPendingGdkEvents)
 {
     PlainGdkWindow window(0, 0, 10, 10);
     PumpPending();
     SendExpose(window.xid(), 0, 0, 5, 5);
+    MSG msg;
     {
         vorlan::GtkCriticalSection lock;
         ASSERT_TRUE(gdk_events_pending());
+        EXPECT_FALSE(Data()->peekMessage(&msg, nullptr, 0x500, 0x400, PM_REMOVE, TRUE));
+        EXPECT_TRUE(gdk_events_pending());
     }
     std::atomic<bool> returned{false};
     std::atomic<ThreadData *> workerData{nullptr};
     std::thread worker([&] {
         workerData = ThreadData::GetCurrentThreadData();
-        MSG msg;
-        LockedPeek(&msg);
-        LockedPeek(&msg, nullptr, 0, 0, PM_NOREMOVE);
+        MSG workerMsg;
+        LockedPeek(&workerMsg);
+        LockedPeek(&workerMsg, nullptr, 0, 0, PM_NOREMOVE);
         returned = true;
     });
     const bool inTime = SpinUntil([&] { return returned.load(); }, 3000);
@@ -430,7 +354,476 @@ TEST_F(MessageQueue, WorkerPeekDoesNotBlockWhileGdkEventsArePending)
     }
     worker.join();
     EXPECT_TRUE(inTime);
-    PumpPending();
+    vorlan::GtkCriticalSection lock;
+    EXPECT_FALSE(Data()->peekMessage(&msg, nullptr, 0, 0, PM_REMOVE, TRUE));
+    EXPECT_FALSE(gdk_events_pending());
+}
+
+// The hardware input queue: merging of mouse moves and wheel steps, the
+// class filters, records kept in order when a filter rejects them, dropped
+// records, and the key state that follows the removed records.  Keys go to
+// the focus window, the pointer's records to the active one.
+class InputQueue : public MessageQueue {
+protected:
+    void SetUp() override
+    {
+        MessageQueue::SetUp();
+        m_keyWindow = Window();
+        m_mouseWindow = Window();
+        Data()->hWndFocus = m_keyWindow;
+        Data()->hWndActive = m_mouseWindow;
+    }
+
+    void Key(UINT message, WPARAM key, WORD wFlags = 0) { QueueInput(message, key, 0, 0, wFlags); }
+    void Move(int x, int y, WORD wFlags = 0) { QueueInput(WM_MOUSEMOVE, 0, x, y, wFlags); }
+    void Wheel(int delta, WORD wFlags = 0) { QueueInput(WM_MOUSEWHEEL, static_cast<WPARAM>(delta), 1, 1, wFlags); }
+
+    std::vector<_InputMSG> Records()
+    {
+        std::lock_guard<std::recursive_mutex> guard(g_inputQueueMutex);
+        return {Data()->qInputMsgs.begin(), Data()->qInputMsgs.end()};
+    }
+
+    HWND m_keyWindow = nullptr;
+    HWND m_mouseWindow = nullptr;
+};
+
+// A mouse move merges into a move right before it with the same buttons; a
+// wheel step into one before it with the same direction and modifiers.
+TEST_F(InputQueue, MovesAndWheelStepsMergeOnlyWithTheirLikeRightBefore)
+{
+    Move(1, 1);
+    Move(2, 2);
+    Move(3, 4);
+    auto records = Records();
+    ASSERT_EQ(records.size(), 1u);
+    EXPECT_EQ(records[0].pt.x, 3);
+    EXPECT_EQ(records[0].pt.y, 4);
+    Move(5, 5, INPUT_FLAG_LBUTTON);
+    Key(WM_KEYDOWN, 'A');
+    Move(5, 5, INPUT_FLAG_LBUTTON);
+    records = Records();
+    ASSERT_EQ(records.size(), 4u);
+    EXPECT_LT(records[0].uId, records[1].uId);
+    MSG msg;
+    while (LockedPeek(&msg)) {
+    }
+
+    Wheel(120);
+    Wheel(120);
+    Wheel(-120);
+    Wheel(-120);
+    Wheel(-120, INPUT_FLAG_CONTROL);
+    records = Records();
+    ASSERT_EQ(records.size(), 3u);
+    EXPECT_EQ(static_cast<LONG>(records[0].wParam), 240);
+    EXPECT_EQ(static_cast<LONG>(records[1].wParam), -240);
+    EXPECT_EQ(static_cast<LONG>(records[2].wParam), -120);
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_MOUSEWHEEL));
+    EXPECT_EQ(HIWORD(msg.wParam), 240);
+}
+
+TEST_F(InputQueue, FlagsTellTheRecordClassesAndAKeyWithoutTargetIsDropped)
+{
+    Key(WM_KEYDOWN, 'A');
+    EXPECT_EQ(Data()->qsFlags.load() & QS_FLAG_INPUT, static_cast<DWORD>(QS_FLAG_KEYBOARD));
+    EXPECT_EQ(Data()->nInputKeyboard, 1u);
+    Move(1, 1);
+    EXPECT_EQ(Data()->qsFlags.load() & QS_FLAG_INPUT, static_cast<DWORD>(QS_FLAG_INPUT));
+    MSG msg;
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(Data()->qsFlags.load() & QS_FLAG_INPUT, static_cast<DWORD>(QS_FLAG_OTHER_INPUT));
+    EXPECT_EQ(Data()->nInputKeyboard, 0u);
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(Data()->qsFlags.load() & QS_FLAG_INPUT, 0u);
+
+    // A key without a target is dropped when peeked.
+    Data()->hWndFocus = nullptr;
+    Data()->hWndActive = nullptr;
+    Key(WM_KEYDOWN, 'A');
+    EXPECT_FALSE(LockedPeek(&msg, nullptr, 0, 0, PM_NOREMOVE));
+    EXPECT_TRUE(Records().empty());
+    EXPECT_EQ(Data()->qsFlags.load() & QS_FLAG_INPUT, 0u);
+}
+
+// A WM_CHAR filter alone wants no key record; class filters pick pointer
+// or keyboard records, each for its target window.
+TEST_F(InputQueue, ClassFiltersPickPointerOrKeyboard)
+{
+    Key(WM_KEYDOWN, 'A');
+    Move(7, 8);
+    MSG msg;
+    EXPECT_FALSE(LockedPeek(&msg, nullptr, WM_CHAR, WM_CHAR));
+    EXPECT_EQ(Records().size(), 2u);
+    ASSERT_TRUE(LockedPeek(&msg, nullptr, WM_MOUSEFIRST, WM_MOUSELAST));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_MOUSEMOVE));
+    EXPECT_EQ(msg.hwnd, m_mouseWindow);
+    EXPECT_EQ(msg.pt.x, 7);
+    EXPECT_EQ(msg.lParam, MAKELPARAM(7, 8));
+    EXPECT_FALSE(LockedPeek(&msg, nullptr, WM_MOUSEFIRST, WM_MOUSELAST));
+    ASSERT_TRUE(LockedPeek(&msg, nullptr, WM_KEYDOWN, WM_CHAR));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_KEYDOWN));
+    EXPECT_EQ(msg.hwnd, m_keyWindow);
+}
+
+// The key state changes when a record is removed, not when it is peeked,
+// and then follows every modifier flag of that record.
+TEST_F(InputQueue, KeyStateFollowsTheRemovedRecord)
+{
+    Data()->keyState['Q'] = -128;
+    Move(1, 1, INPUT_FLAG_LBUTTON | INPUT_FLAG_SHIFT | INPUT_FLAG_CAPSLOCK);
+    MSG msg;
+    ASSERT_TRUE(LockedPeek(&msg, nullptr, 0, 0, PM_NOREMOVE));
+    EXPECT_EQ(Data()->keyState[VK_LBUTTON], 0);
+    EXPECT_EQ(Data()->keyState['Q'], -128);
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(Data()->keyState[VK_LBUTTON], -128);
+    EXPECT_EQ(Data()->keyState[VK_SHIFT], -128);
+    EXPECT_EQ(Data()->keyState[VK_CAPITAL], 1);
+    EXPECT_EQ(Data()->keyState[VK_CONTROL], 0);
+    EXPECT_EQ(Data()->keyState[VK_MENU], 0);
+    EXPECT_EQ(Data()->keyState['Q'], 0);
+    EXPECT_EQ(msg.wParam, static_cast<WPARAM>(MK_LBUTTON | MK_SHIFT));
+
+    Key(WM_KEYDOWN, 'A', INPUT_FLAG_CONTROL | INPUT_FLAG_ALT | INPUT_FLAG_MBUTTON | INPUT_FLAG_RBUTTON);
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.wParam, static_cast<WPARAM>('A'));
+    for (int key : {VK_CONTROL, VK_MENU, VK_MBUTTON, VK_RBUTTON})
+        EXPECT_EQ(Data()->keyState[key], -128) << key;
+    for (int key : {VK_SHIFT, VK_LBUTTON})
+        EXPECT_EQ(Data()->keyState[key], 0) << key;
+
+    // Removing an unknown record changes nothing.
+    Move(1, 1, INPUT_FLAG_LBUTTON);
+    const UINT uId = Records()[0].uId;
+    Data()->removeInputMessage(uId + 1000);
+    EXPECT_EQ(Records().size(), 1u);
+    EXPECT_EQ(Data()->keyState[VK_LBUTTON], 0);
+    Data()->removeInputMessage(uId);
+    EXPECT_TRUE(Records().empty());
+    EXPECT_EQ(Data()->keyState[VK_LBUTTON], -128);
+}
+
+TEST_F(InputQueue, F1DownQueuesKeyF1BehindTheKey)
+{
+    Key(WM_KEYDOWN, VK_F1);
+    MSG msg;
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_KEYDOWN));
+    EXPECT_EQ(msg.wParam, static_cast<WPARAM>(VK_F1));
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_KEYF1));
+    EXPECT_EQ(msg.hwnd, m_keyWindow);
+    EXPECT_FALSE(LockedPeek(&msg));
+}
+
+// Records that the window filter rejects keep their place, also when many
+// come before the one taken.
+TEST_F(InputQueue, RecordsRejectedByTheWindowFilterKeepTheirPlace)
+{
+    for (int i = 0; i < 50; ++i)
+        Key(i % 2 ? WM_KEYUP : WM_KEYDOWN, 'A' + (i % 20));
+    Move(3, 3);
+    Key(WM_KEYDOWN, 'Z');
+    MSG msg;
+    ASSERT_TRUE(LockedPeek(&msg, m_mouseWindow));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_MOUSEMOVE));
+    for (int i = 0; i < 50; ++i) {
+        ASSERT_TRUE(LockedPeek(&msg));
+        EXPECT_EQ(msg.message, static_cast<UINT>(i % 2 ? WM_KEYUP : WM_KEYDOWN));
+        EXPECT_EQ(msg.wParam, static_cast<WPARAM>('A' + (i % 20)));
+    }
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.wParam, static_cast<WPARAM>('Z'));
+    EXPECT_FALSE(LockedPeek(&msg));
+}
+
+// Stands for a region while no region object exists; cleared before the
+// window object is freed.
+const HRGN kSomeRegion = reinterpret_cast<HRGN>(static_cast<ULONG_PTR>(0x5EA1));
+
+WindowOptions TopLevel()
+{
+    WindowOptions options;
+    options.withXWindow = false;
+    return options;
+}
+
+WindowOptions ChildOf(HWND parent)
+{
+    WindowOptions options = TopLevel();
+    options.parent = parent;
+    options.style = WS_CHILD;
+    return options;
+}
+
+void SetUpdateRegion(HWND hWnd, HRGN region)
+{
+    vorlan::GtkCriticalSection lock;
+    vorlan::getWindow(hWnd)->hUpdateRegion = region;
+}
+
+DWORD WindowFlags(HWND hWnd)
+{
+    vorlan::GtkCriticalSection lock;
+    return vorlan::getWindow(hWnd)->dwFlags;
+}
+
+using RealWindowQueue = MessageQueue;
+
+// Whether a post is taken depends on the window's owning thread only: one
+// without a queue refuses it, the calling thread takes it in its own queue.
+TEST_F(RealWindowQueue, PostGoesToTheQueueOfTheWindowsThreadAndFailsWithoutOne)
+{
+    TestWindow window(TopLevel());
+    const DWORD gone = EndedThreadId();
+    ASSERT_EQ(ThreadData::GetThreadData(gone, FALSE), nullptr);
+    {
+        vorlan::GtkCriticalSection lock;
+        window.object()->dwThreadId = gone;
+    }
+    SetLastError(0);
+    EXPECT_EQ(LockedPost(window.hwnd(), WM_USER), 0);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_THREAD_ID));
+    MSG msg;
+    EXPECT_FALSE(LockedPeek(&msg));
+
+    {
+        vorlan::GtkCriticalSection lock;
+        window.object()->dwThreadId = GetCurrentThreadId();
+    }
+    ASSERT_EQ(LockedPost(window.hwnd(), WM_USER + 3, 5, 6), 1);
+    ASSERT_TRUE(LockedPeek(&msg, window.hwnd()));
+    EXPECT_EQ(msg.hwnd, window.hwnd());
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 3));
+    EXPECT_EQ(msg.wParam, 5u);
+    EXPECT_EQ(msg.lParam, 6);
+}
+
+TEST_F(RealWindowQueue, PaintQueuePutsAParentBeforeItsChild)
+{
+    TestWindow parent(TopLevel());
+    TestWindow child(ChildOf(parent.hwnd()));
+    TestWindow grandchild(ChildOf(child.hwnd()));
+    TestWindow other(TopLevel());
+    QueuePaint(grandchild.hwnd());
+    QueuePaint(other.hwnd());
+    QueuePaint(child.hwnd());
+    QueuePaint(parent.hwnd());
+    QueuePaint(child.hwnd()); // queued once only
+    const std::deque<HWND> expected = {parent.hwnd(), child.hwnd(), grandchild.hwnd(), other.hwnd()};
+    EXPECT_EQ(PaintQueue(), expected);
+
+    for (HWND hWnd : expected)
+        SetUpdateRegion(hWnd, kSomeRegion);
+    MSG msg;
+    for (HWND hWnd : expected) {
+        ASSERT_TRUE(LockedPeek(&msg));
+        EXPECT_EQ(msg.message, static_cast<UINT>(WM_PAINT));
+        EXPECT_EQ(msg.hwnd, hWnd);
+        SetUpdateRegion(hWnd, nullptr);
+    }
+    EXPECT_FALSE(LockedPeek(&msg));
+    EXPECT_TRUE(PaintQueue().empty());
+}
+
+TEST_F(RealWindowQueue, PaintTakesThePendingNonClientPaint)
+{
+    TestWindow window(TopLevel());
+    {
+        vorlan::GtkCriticalSection lock;
+        window.object()->dwFlags |= WF_NCPAINTPENDING | WF_ERASEPENDING;
+    }
+    QueuePaint(window.hwnd());
+    SetUpdateRegion(window.hwnd(), kSomeRegion);
+    MSG msg;
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.hwnd, window.hwnd());
+    EXPECT_EQ(WindowFlags(window.hwnd()) & WF_NCPAINTPENDING, 0u);
+    EXPECT_NE(WindowFlags(window.hwnd()) & WF_ERASEPENDING, 0u) << "only the non-client flag is taken";
+    SetUpdateRegion(window.hwnd(), nullptr);
+    EXPECT_FALSE(LockedPeek(&msg));
+    EXPECT_TRUE(PaintQueue().empty()) << "no update region: the entry ends";
+}
+
+// A window filter takes the window's descendants and not its siblings; the
+// filter -1 takes only messages posted without a window.
+TEST_F(RealWindowQueue, WindowFilterTakesDescendantsAndNotSiblings)
+{
+    TestWindow filter(TopLevel());
+    TestWindow child(ChildOf(filter.hwnd()));
+    TestWindow grandchild(ChildOf(child.hwnd()));
+    TestWindow sibling(TopLevel());
+    TestWindow siblingsChild(ChildOf(sibling.hwnd()));
+    ASSERT_EQ(LockedPost(sibling.hwnd(), WM_USER + 1), 1);
+    ASSERT_EQ(LockedPost(siblingsChild.hwnd(), WM_USER + 2), 1);
+    ASSERT_EQ(LockedPost(child.hwnd(), WM_USER + 3), 1);
+    ASSERT_EQ(LockedPost(nullptr, WM_USER + 5), 1);
+    ASSERT_EQ(LockedPost(grandchild.hwnd(), WM_USER + 4), 1);
+
+    MSG msg;
+    ASSERT_TRUE(LockedPeek(&msg, filter.hwnd()));
+    EXPECT_EQ(msg.hwnd, child.hwnd());
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 3));
+    ASSERT_TRUE(LockedPeek(&msg, filter.hwnd()));
+    EXPECT_EQ(msg.hwnd, grandchild.hwnd());
+    EXPECT_FALSE(LockedPeek(&msg, filter.hwnd())) << "messages of a sibling pass the filter";
+    EXPECT_FALSE(LockedPeek(&msg, child.hwnd()));
+    ASSERT_TRUE(LockedPeek(&msg, reinterpret_cast<HWND>(-1)));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER + 5));
+    EXPECT_FALSE(LockedPeek(&msg, reinterpret_cast<HWND>(-1)));
+
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.hwnd, sibling.hwnd());
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.hwnd, siblingsChild.hwnd());
+}
+
+// The edges the queue tests do not reach: a window is not its own
+// descendant, and a freed window has no thread.
+TEST_F(RealWindowQueue, SeamsAnswerForWindowObjectsAtTheirEdges)
+{
+    auto parent = std::make_unique<TestWindow>(TopLevel());
+    const HWND hWnd = parent->hwnd();
+    {
+        TestWindow child(ChildOf(hWnd));
+        vorlan::GtkCriticalSection lock;
+        EXPECT_FALSE(vorlan::WindowIsDescendant(child.hwnd(), hWnd));
+        EXPECT_FALSE(vorlan::WindowIsDescendant(hWnd, hWnd));
+        EXPECT_FALSE(vorlan::WindowIsDescendant(nullptr, child.hwnd()));
+    }
+    parent.reset();
+    vorlan::GtkCriticalSection lock;
+    EXPECT_EQ(vorlan::WindowThreadId(hWnd), 0u);
+    EXPECT_FALSE(vorlan::WindowExists(hWnd));
+    EXPECT_FALSE(vorlan::HasUpdateRegion(hWnd));
+}
+
+TEST(VorlThread, CurrentThreadDataIsMadeOnceAndTheMainThreadsHasTheDefaultContext)
+{
+    ThreadData *data = ThreadData::GetCurrentThreadData();
+    ASSERT_NE(data, nullptr);
+    EXPECT_EQ(data->tid, GetCurrentThreadId());
+    EXPECT_EQ(ThreadData::GetCurrentThreadData(), data);
+    EXPECT_EQ(ThreadData::GetThreadData(GetCurrentThreadId(), FALSE), data);
+    ASSERT_EQ(GetCurrentThreadId(), vorlan::g_vorlData.dwMainThreadId);
+    EXPECT_EQ(data->context, g_main_context_default());
+}
+
+// Thread data is made by its own thread only; id 0 without a foreground
+// thread names none.
+TEST(VorlThread, ForeignThreadDataIsNeverMadeFromOutside)
+{
+    std::promise<DWORD> idOfWorker;
+    std::promise<void> release;
+    std::thread worker([&] {
+        idOfWorker.set_value(GetCurrentThreadId());
+        release.get_future().wait();
+    });
+    const DWORD workerId = idOfWorker.get_future().get();
+    EXPECT_EQ(ThreadData::GetThreadData(workerId, TRUE), nullptr);
+    EXPECT_EQ(ThreadData::GetThreadData(workerId, FALSE), nullptr);
+    EXPECT_EQ(ThreadData::GetThreadData(0, TRUE), nullptr);
+    release.set_value();
+    worker.join();
+}
+
+// A worker that ends loses its data, its windows and its stand-ins;
+// thread_exit on the main thread keeps them.
+TEST(VorlThread, EndingWorkerLosesItsDataAndWindowsButTheMainThreadKeepsItsOwn)
+{
+    TestWindow mainWindow(TopLevel());
+    TestWindow mainChild(ChildOf(mainWindow.hwnd()));
+    const HWND mainStandIn = CreateTestWindow(RecordingProc);
+    std::unique_ptr<TestWindow> workerTop, workerChild;
+    HWND top = nullptr, child = nullptr, standIn = nullptr;
+    DWORD workerId = 0;
+    std::thread worker([&] {
+        workerId = GetCurrentThreadId();
+        standIn = CreateTestWindow(RecordingProc);
+        // New data: its own context, empty queues and the caret hidden.
+        const ThreadData *fresh = ThreadData::GetCurrentThreadData();
+        EXPECT_NE(fresh->context, g_main_context_default());
+        EXPECT_EQ(fresh->nCaretHide, 1);
+        EXPECT_EQ(fresh->qsFlags.load(), 0u);
+        EXPECT_TRUE(fresh->qMsgs.empty());
+        EXPECT_EQ(fresh->keyState[VK_SHIFT], 0);
+        workerTop = std::make_unique<TestWindow>(TopLevel());
+        workerChild = std::make_unique<TestWindow>(ChildOf(workerTop->hwnd()));
+        top = workerTop->hwnd();
+        child = workerChild->hwnd();
+    });
+    worker.join();
+    EXPECT_EQ(ThreadData::GetThreadData(workerId, FALSE), nullptr);
+    EXPECT_FALSE(vorlan::testing::IsTestWindow(standIn));
+    {
+        std::lock_guard<std::recursive_mutex> guard(g_threadListMutex);
+        for (ThreadData *data : ThreadData::list())
+            EXPECT_NE(data->tid, workerId);
+    }
+
+    ThreadData *data = ThreadData::GetCurrentThreadData();
+    ThreadData::thread_exit(data);
+    EXPECT_EQ(ThreadData::GetThreadData(GetCurrentThreadId(), FALSE), data);
+    EXPECT_TRUE(vorlan::testing::IsTestWindow(mainStandIn));
+    DestroyTestWindow(mainStandIn);
+    vorlan::GtkCriticalSection lock;
+    EXPECT_EQ(vorlan::getWindow(top), nullptr);
+    EXPECT_EQ(vorlan::getWindow(child), nullptr);
+    EXPECT_FALSE(vorlan::WindowExists(top));
+    EXPECT_NE(mainWindow.object(), nullptr);
+    EXPECT_NE(mainChild.object(), nullptr);
+    EXPECT_TRUE(vorlan::WindowExists(mainWindow.hwnd()));
+}
+
+TEST(VorlThread, NotifyWakesAWorkerThatWaits)
+{
+    std::atomic<ThreadData *> workerData{nullptr};
+    std::atomic<bool> woke{false};
+    std::thread worker([&] {
+        ThreadData *data = ThreadData::GetCurrentThreadData();
+        workerData = data;
+        vorlan::GtkCriticalSection lock;
+        data->wait();
+        woke = true;
+    });
+    ASSERT_TRUE(SpinUntil([&] { return workerData.load() != nullptr; }));
+    // The wake-up is kept if it comes before the worker blocks.
+    workerData.load()->notify();
+    const bool wokeInTime = SpinUntil([&] { return woke.load(); }, 5000);
+    if (!wokeInTime)
+        workerData.load()->notify();
+    worker.join();
+    EXPECT_TRUE(wokeInTime);
+}
+
+// The pump of the main thread can take the wake-up of a message that arrives
+// after the queues were looked at; waiting must not then sleep on it.
+TEST(VorlThread, WaitReturnsForAMessageWhoseWakeUpWasTaken)
+{
+    ResetCurrentThreadQueues();
+    ThreadData *data = ThreadData::GetCurrentThreadData();
+    std::thread poster([] { LockedPost(nullptr, WM_USER, 0, 0, vorlan::g_vorlData.dwMainThreadId); });
+    poster.join();
+    while (g_main_context_iteration(nullptr, FALSE)) {
+    }
+    std::atomic<bool> waited{false};
+    std::thread rescuer([&] {
+        if (!SpinUntil([&] { return waited.load(); }, 3000))
+            g_main_context_wakeup(nullptr);
+    });
+    const auto start = std::chrono::steady_clock::now();
+    {
+        vorlan::GtkCriticalSection lock;
+        data->waitMessage();
+    }
+    waited = true;
+    rescuer.join();
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+    MSG msg;
+    ASSERT_TRUE(LockedPeek(&msg));
+    EXPECT_EQ(msg.message, static_cast<UINT>(WM_USER));
 }
 
 } // namespace

@@ -1,15 +1,19 @@
 // Start-up as a whole, seen from child processes that load the library with
 // a chosen program name and environment (the probe program reports what
-// start-up did).
+// start-up did); and system values seen from child processes under desktops
+// of the tests' own: two GTK themes (gtkrc files given through
+// GTK2_RC_FILES) and X servers with and without a window manager.
 
 #include <gtest/gtest.h>
 
 #include "support/child_process.h"
 
 #include <fstream>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <sys/stat.h>
+#include <utility>
 
 using vorlan_test::ChildResult;
 using vorlan_test::ChildOptions;
@@ -61,38 +65,55 @@ bool DisplayServerExists(int n)
     return all.str().find("@" + socket) != std::string::npos;
 }
 
+// The system values probe, with no theme file and no XSynchronize.
+ChildOptions SysValuesProbeOptions()
+{
+    ChildOptions options;
+    options.path = VORLAN_SYSVALUES_PROBE;
+    options.argv = {VORLAN_SYSVALUES_PROBE};
+    options.environment["GTK2_RC_FILES"] = std::nullopt;
+    options.environment["XSynchronize"] = std::nullopt;
+    return options;
+}
+
+ChildResult RunUnderTheme(const char *name)
+{
+    ChildOptions options = SysValuesProbeOptions();
+    options.environment["GTK2_RC_FILES"] = std::string(VORLAN_TEST_THEMES) + "/" + name;
+    return RunChild(options);
+}
+
+// The probe on a private 800x600 X server, with or without a window manager.
+ChildResult RunOnOwnServer(bool windowManager, const char *probeArgument = nullptr)
+{
+    ChildOptions options = SysValuesProbeOptions();
+    options.path = VORLAN_WITH_XVFB;
+    options.argv = {VORLAN_WITH_XVFB, "--size", "800x600", "--", VORLAN_SYSVALUES_PROBE};
+    if (!windowManager)
+        options.argv.insert(options.argv.begin() + 1, "--no-wm");
+    if (probeArgument != nullptr)
+        options.argv.push_back(probeArgument);
+    options.timeoutMilliseconds = 30000;
+    return RunChild(options);
+}
+
 } // namespace
 
-TEST(StartupProcess, UnsetDisplayBecomesDefaultDisplayBeforeGtkInit)
+// Before gtk_init the host library is up and an unset or empty DISPLAY has
+// become the default display; a set one is kept.
+TEST(StartupProcess, HostLibraryAndDisplayAreReadyBeforeGtkInit)
 {
-    ChildOptions options = ProbeStoppingAtGtkInit("/usr/bin/app");
-    options.environment["DISPLAY"] = std::nullopt;
-    const ChildResult result = RunChild(options);
-    ASSERT_TRUE(result.exited) << result.Transcript();
-    EXPECT_EQ(ValueOr(result, "display_at_gtk_init"), ":0.0") << result.Transcript();
-}
-
-TEST(StartupProcess, EmptyDisplayBecomesDefaultDisplayBeforeGtkInit)
-{
-    ChildOptions options = ProbeStoppingAtGtkInit("/usr/bin/app");
-    options.environment["DISPLAY"] = std::string();
-    const ChildResult result = RunChild(options);
-    ASSERT_TRUE(result.exited) << result.Transcript();
-    EXPECT_EQ(ValueOr(result, "display_at_gtk_init"), ":0.0") << result.Transcript();
-}
-
-TEST(StartupProcess, SetDisplayIsKept)
-{
-    ChildOptions options = ProbeStoppingAtGtkInit("/usr/bin/app");
-    options.environment["DISPLAY"] = std::string(":42.0");
-    const ChildResult result = RunChild(options);
-    EXPECT_EQ(ValueOr(result, "display_at_gtk_init"), ":42.0") << result.Transcript();
-}
-
-TEST(StartupProcess, HostLibraryIsUpBeforeGtkInit)
-{
-    const ChildResult result = RunChild(ProbeStoppingAtGtkInit("/usr/bin/app"));
-    EXPECT_EQ(ValueOr(result, "calls_before_gtk_init"), "GetModuleHandleA,OSInit") << result.Transcript();
+    const std::pair<std::optional<std::string>, std::string> cases[] = {
+        {std::nullopt, ":0.0"}, {"", ":0.0"}, {":42.0", ":42.0"}};
+    for (const auto &[display, expected] : cases) {
+        SCOPED_TRACE(display.value_or("(unset)"));
+        ChildOptions options = ProbeStoppingAtGtkInit("/usr/bin/app");
+        options.environment["DISPLAY"] = display;
+        const ChildResult result = RunChild(options);
+        ASSERT_TRUE(result.exited) << result.Transcript();
+        EXPECT_EQ(ValueOr(result, "display_at_gtk_init"), expected) << result.Transcript();
+        EXPECT_EQ(ValueOr(result, "calls_before_gtk_init"), "GetModuleHandleA,OSInit") << result.Transcript();
+    }
 }
 
 TEST(StartupProcess, DisplayThatCannotBeOpenedEndsTheProcessAsGtkDoes)
@@ -110,22 +131,27 @@ TEST(StartupProcess, DisplayThatCannotBeOpenedEndsTheProcessAsGtkDoes)
     EXPECT_FALSE(result.Value("module_path")) << "main() ran: " << result.Transcript();
 }
 
-TEST(StartupProcess, ModulePathIsTheProgramWithoutBranobin)
+// The module path is the program's name, or BRANOBIN's host program with or
+// without a trailing slash.
+TEST(StartupProcess, ModulePathComesFromTheProgramOrBranobin)
 {
-    const ChildResult result = RunChild(ProbeStoppingAtGtkInit("/opt/suite/bin/writer"));
-    EXPECT_EQ(ValueOr(result, "module_path"), "/opt/suite/bin/writer") << result.Transcript();
-}
-
-TEST(StartupProcess, BranobinWithAndWithoutSlashGiveTheSameModulePath)
-{
-    ChildOptions plain = ProbeStoppingAtGtkInit("/usr/bin/app");
-    plain.environment["BRANOBIN"] = std::string("/opt/host/bin");
-    ChildOptions slashed = ProbeStoppingAtGtkInit("/usr/bin/app");
-    slashed.environment["BRANOBIN"] = std::string("/opt/host/bin/");
-    const ChildResult plainResult = RunChild(plain);
-    const ChildResult slashedResult = RunChild(slashed);
-    EXPECT_EQ(ValueOr(plainResult, "module_path"), "/opt/host/bin/brano") << plainResult.Transcript();
-    EXPECT_EQ(ValueOr(slashedResult, "module_path"), "/opt/host/bin/brano") << slashedResult.Transcript();
+    struct Case {
+        const char *program;
+        std::optional<std::string> branobin;
+        const char *expected;
+    };
+    const Case cases[] = {
+        {"/opt/suite/bin/writer", std::nullopt, "/opt/suite/bin/writer"},
+        {"/usr/bin/app", "/opt/host/bin", "/opt/host/bin/brano"},
+        {"/usr/bin/app", "/opt/host/bin/", "/opt/host/bin/brano"},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.branobin.value_or(c.program));
+        ChildOptions options = ProbeStoppingAtGtkInit(c.program);
+        options.environment["BRANOBIN"] = c.branobin;
+        const ChildResult result = RunChild(options);
+        EXPECT_EQ(ValueOr(result, "module_path"), c.expected) << result.Transcript();
+    }
 }
 
 TEST(StartupProcess, ProgramNameIsReadUpTo259Bytes)
@@ -139,36 +165,28 @@ TEST(StartupProcess, ProgramNameIsReadUpTo259Bytes)
     EXPECT_EQ(ValueOr(result, "hooked_signals"), "") << result.Transcript();
 }
 
-TEST(StartupProcess, HostProgramByPathGetsFatalSignalHooks)
+// Only the host program, by path or bare name, with HOOK_FATAL_SIGNALS set
+// (to anything, even empty) hooks the fatal signals.
+TEST(StartupProcess, OnlyTheHostProgramWithTheHookVariableGetsFatalSignalHooks)
 {
-    ChildOptions options = ProbeStoppingAtGtkInit("/opt/host/bin/brano");
-    options.environment["HOOK_FATAL_SIGNALS"] = std::string("1");
-    const ChildResult result = RunChild(options);
-    EXPECT_EQ(ValueOr(result, "hooked_signals"), kAllFatalSignals) << result.Transcript();
-}
-
-TEST(StartupProcess, HostProgramByBareNameGetsFatalSignalHooks)
-{
-    ChildOptions options = ProbeStoppingAtGtkInit("brano");
-    options.environment["HOOK_FATAL_SIGNALS"] = std::string();
-    const ChildResult result = RunChild(options);
-    EXPECT_EQ(ValueOr(result, "hooked_signals"), kAllFatalSignals) << result.Transcript();
-}
-
-TEST(StartupProcess, OtherProgramsGetNoFatalSignalHooks)
-{
-    for (const char *name : {"/opt/host/bin/xbrano", "xbrano", "bran", "/opt/brano/app", "/opt/host/brano.bin"}) {
-        ChildOptions options = ProbeStoppingAtGtkInit(name);
-        options.environment["HOOK_FATAL_SIGNALS"] = std::string("1");
+    struct Case {
+        const char *program;
+        std::optional<std::string> hookVariable;
+        const char *expected;
+    };
+    const Case cases[] = {
+        {"/opt/host/bin/brano", "1", kAllFatalSignals}, {"brano", "", kAllFatalSignals},
+        {"/opt/host/bin/brano", std::nullopt, ""},      {"/opt/host/bin/xbrano", "1", ""},
+        {"xbrano", "1", ""},                            {"bran", "1", ""},
+        {"/opt/brano/app", "1", ""},                    {"/opt/host/brano.bin", "1", ""},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(std::string(c.program) + (c.hookVariable ? " with" : " without") + " HOOK_FATAL_SIGNALS");
+        ChildOptions options = ProbeStoppingAtGtkInit(c.program);
+        options.environment["HOOK_FATAL_SIGNALS"] = c.hookVariable;
         const ChildResult result = RunChild(options);
-        EXPECT_EQ(ValueOr(result, "hooked_signals"), "") << name << "\n" << result.Transcript();
+        EXPECT_EQ(ValueOr(result, "hooked_signals"), c.expected) << result.Transcript();
     }
-}
-
-TEST(StartupProcess, HostProgramWithoutHookVariableGetsNoHooks)
-{
-    const ChildResult result = RunChild(ProbeStoppingAtGtkInit("/opt/host/bin/brano"));
-    EXPECT_EQ(ValueOr(result, "hooked_signals"), "") << result.Transcript();
 }
 
 TEST(StartupProcess, HookedSignalIsReportedAndTheProcessWaits)
@@ -185,20 +203,17 @@ TEST(StartupProcess, HookedSignalIsReportedAndTheProcessWaits)
     EXPECT_EQ(result.out.find("hup_passed"), std::string::npos);
 }
 
-TEST(StartupProcess, XSynchronizeMakesTheConnectionSynchronous)
+TEST(StartupProcess, ConnectionIsSynchronousOnlyWithXSynchronize)
 {
-    ChildOptions options = ProbeOptions("/usr/bin/app", "xsync-state");
-    options.environment["XSynchronize"] = std::string("1");
-    const ChildResult result = RunChild(options);
-    ASSERT_TRUE(result.exited) << result.Transcript();
-    EXPECT_EQ(ValueOr(result, "x_synchronous"), "1") << result.Transcript();
-}
-
-TEST(StartupProcess, ConnectionIsAsynchronousWithoutXSynchronize)
-{
-    const ChildResult result = RunChild(ProbeOptions("/usr/bin/app", "xsync-state"));
-    ASSERT_TRUE(result.exited) << result.Transcript();
-    EXPECT_EQ(ValueOr(result, "x_synchronous"), "0") << result.Transcript();
+    for (bool synchronize : {true, false}) {
+        SCOPED_TRACE(synchronize ? "XSynchronize set" : "XSynchronize unset");
+        ChildOptions options = ProbeOptions("/usr/bin/app", "xsync-state");
+        if (synchronize)
+            options.environment["XSynchronize"] = std::string("1");
+        const ChildResult result = RunChild(options);
+        ASSERT_TRUE(result.exited) << result.Transcript();
+        EXPECT_EQ(ValueOr(result, "x_synchronous"), synchronize ? "1" : "0") << result.Transcript();
+    }
 }
 
 TEST(StartupProcess, XErrorUnderXSynchronizeIsReportedAndTheProcessWaits)
@@ -214,4 +229,53 @@ TEST(StartupProcess, XErrorUnderXSynchronizeIsReportedAndTheProcessWaits)
                                  "waiting for debug or kill...\n";
     EXPECT_NE(result.out.find(expected), std::string::npos) << result.Transcript();
     EXPECT_EQ(result.out.find("x_error_passed"), std::string::npos);
+}
+
+
+// Two themes of tests/vorlan/themes: bg[NORMAL] "#336699" and "#c0a080",
+// scroll bars of slider 20 + 2 * trough 3 and slider 11 + 2 * trough 0.
+// Colours are COLORREF (blue, green, red) in hexadecimal.
+TEST(TwoThemes, ThemeColoursAndScrollBarsFollowTheThemeAndFixedColoursDoNot)
+{
+    struct Expected {
+        const char *key;
+        const char *blue;
+        const char *sand;
+    };
+    const Expected expected[] = {
+        {"btnface", "996633", "80a0c0"},        {"btnshadow", "673401", "4e6e8e"},
+        {"3ddkshadow", "030000", "000a2a"},     {"3dlight", "a3703d", "8aaaca"},
+        {"highlight", "302010", "605040"},      {"highlighttext", "d0e0f0", "030201"},
+        {"cxvscroll", "26", "11"},              {"cyhscroll", "26", "11"},
+        {"cyvscroll", "26", "11"},              {"cxhscroll", "26", "11"},
+        {"btnhighlight", "ffffff", "ffffff"},   {"inactivecaptiontext", "f8e4d8", "f8e4d8"},
+    };
+    const ChildResult blue = RunUnderTheme("vorlan-test-blue.gtkrc");
+    const ChildResult sand = RunUnderTheme("vorlan-test-sand.gtkrc");
+    ASSERT_TRUE(blue.exited && blue.exitStatus == 0) << blue.Transcript();
+    ASSERT_TRUE(sand.exited && sand.exitStatus == 0) << sand.Transcript();
+    for (const Expected &entry : expected) {
+        SCOPED_TRACE(entry.key);
+        EXPECT_EQ(ValueOr(blue, entry.key), entry.blue);
+        EXPECT_EQ(ValueOr(sand, entry.key), entry.sand);
+    }
+}
+
+TEST(WorkAreaWithoutWindowManager, IsTheWholeScreen)
+{
+    const ChildResult result = RunOnOwnServer(false);
+    ASSERT_TRUE(result.exited && result.exitStatus == 0) << result.Transcript();
+    EXPECT_EQ(ValueOr(result, "cxscreen"), "800") << result.Transcript();
+    EXPECT_EQ(ValueOr(result, "cyscreen"), "600");
+    EXPECT_EQ(ValueOr(result, "workarea_ok"), "1");
+    EXPECT_EQ(ValueOr(result, "workarea"), "0,0,800,600");
+}
+
+TEST(WorkAreaWithWindowManager, ReservedStripIsLeftOut)
+{
+    const ChildResult result = RunOnOwnServer(true, "strut");
+    ASSERT_TRUE(result.exited && result.exitStatus == 0) << result.Transcript();
+    ASSERT_EQ(ValueOr(result, "strut_top"), "40") << result.Transcript();
+    EXPECT_EQ(ValueOr(result, "workarea_ok"), "1");
+    EXPECT_EQ(ValueOr(result, "workarea"), "0,40,800,600");
 }

@@ -1,25 +1,27 @@
 // SystemParametersInfoW and SystemParametersInfoA: each action, the work
-// area under the suite's window manager, wrong record sizes and the lock.
+// area under the suite's window manager, wrong record sizes, and
+// CopyLOGFONT_W2A.  The locale calls: default ids, GetLocaleInfoW over the
+// narrow form, IsValidLocale over ICU and the keyboard layout stand-ins.
 
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorllogfontcopy.h"
-#include "support/gdk_lock_counter.h"
 #include "support/gtk_helpers.h"
 
 #include <windows.h>
 
 #include <X11/Xatom.h>
+#include <unicode/uloc.h>
 
 #include <cstring>
+#include <string>
 #include <vector>
-
-using vorlan_test::GdkLockCounter;
 
 namespace {
 
 constexpr unsigned char kSentinel = 0xA5;
+constexpr WCHAR kWideSentinel = 0x2323;
 
 // A record of `size` bytes filled with the sentinel, with cbSize set.
 template <typename Record>
@@ -59,7 +61,8 @@ std::vector<long> NetWorkArea()
     return values;
 }
 
-void ExpectCaptionFont(const LOGFONTW &font)
+template <typename LogFont>
+void ExpectCaptionFont(const LogFont &font)
 {
     EXPECT_EQ(font.lfHeight, 15);
     EXPECT_EQ(font.lfWidth, 0);
@@ -69,17 +72,29 @@ void ExpectCaptionFont(const LOGFONTW &font)
     EXPECT_EQ(font.lfFaceName[0], 0);
 }
 
-void ExpectCaptionFont(const LOGFONTA &font)
+template <typename Metrics>
+void ExpectEveryFontIsTheCaptionFont(const Metrics &metrics)
 {
-    EXPECT_EQ(font.lfHeight, 15);
-    EXPECT_EQ(font.lfWeight, 400);
-    EXPECT_EQ(font.lfCharSet, 1);
-    EXPECT_EQ(font.lfFaceName[0], '\0');
+    ExpectCaptionFont(metrics.lfCaptionFont);
+    ExpectCaptionFont(metrics.lfSmCaptionFont);
+    ExpectCaptionFont(metrics.lfMenuFont);
+    ExpectCaptionFont(metrics.lfStatusFont);
+    ExpectCaptionFont(metrics.lfMessageFont);
+}
+
+constexpr LCID kEnglishUs = 0x0409;
+
+std::string Narrow(const WCHAR *text)
+{
+    std::string result;
+    for (; *text != 0; ++text)
+        result.push_back(char(*text));
+    return result;
 }
 
 } // namespace
 
-TEST(SystemParametersW, FlagActionsStoreOne)
+TEST(SystemParametersW, SimpleActionsAndUnknownActions)
 {
     for (UINT action : {SPI_GETDRAGFULLWINDOWS, SPI_GETFOCUSBORDERWIDTH, SPI_GETFOCUSBORDERHEIGHT}) {
         UINT value[2] = {77, 77};
@@ -88,15 +103,8 @@ TEST(SystemParametersW, FlagActionsStoreOne)
         EXPECT_EQ(value[1], 77u) << action;
         EXPECT_FALSE(SystemParametersInfoW(action, 0, nullptr, 0)) << action;
     }
-}
-
-TEST(SystemParametersW, ForegroundLockTimeoutIsAccepted)
-{
     EXPECT_TRUE(SystemParametersInfoW(SPI_SETFOREGROUNDLOCKTIMEOUT, 0, nullptr, 0));
-}
 
-TEST(SystemParametersW, UnknownActionFailsWithBadArgument)
-{
     UINT value = 77;
     SetLastError(0);
     EXPECT_FALSE(SystemParametersInfoW(SPI_GETBORDER, 0, &value, 0));
@@ -105,7 +113,7 @@ TEST(SystemParametersW, UnknownActionFailsWithBadArgument)
     EXPECT_FALSE(SystemParametersInfoW(0xFFFF, 0, &value, 0));
 }
 
-TEST(SystemParametersW, NonClientMetricsZeroedWithOneFont)
+TEST(SystemParametersW, NonClientMetricsZeroedWithOneFontAndHighContrastWithoutFlags)
 {
     NONCLIENTMETRICSW metrics = SentinelRecord<NONCLIENTMETRICSW>(500);
     ASSERT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, 0, &metrics, 0));
@@ -114,14 +122,15 @@ TEST(SystemParametersW, NonClientMetricsZeroedWithOneFont)
     EXPECT_EQ(metrics.iScrollWidth, 0);
     EXPECT_EQ(metrics.iCaptionHeight, 0);
     EXPECT_EQ(metrics.iMenuHeight, 0);
-    ExpectCaptionFont(metrics.lfCaptionFont);
-    ExpectCaptionFont(metrics.lfSmCaptionFont);
-    ExpectCaptionFont(metrics.lfMenuFont);
-    ExpectCaptionFont(metrics.lfStatusFont);
-    ExpectCaptionFont(metrics.lfMessageFont);
+    ExpectEveryFontIsTheCaptionFont(metrics);
+
+    HIGHCONTRASTW contrast = SentinelRecord<HIGHCONTRASTW>(sizeof(HIGHCONTRASTW));
+    ASSERT_TRUE(SystemParametersInfoW(SPI_GETHIGHCONTRAST, 0, &contrast, 0));
+    EXPECT_EQ(contrast.dwFlags, 0u);
+    EXPECT_EQ(contrast.cbSize, sizeof(HIGHCONTRASTW));
 }
 
-TEST(SystemParametersW, NonClientMetricsWrongSizeLeavesRecord)
+TEST(SystemParametersW, WrongRecordSizesLeaveTheRecord)
 {
     for (UINT size : {440u, 0u, 499u, 504u, 340u}) {
         NONCLIENTMETRICSW metrics = SentinelRecord<NONCLIENTMETRICSW>(size);
@@ -129,18 +138,7 @@ TEST(SystemParametersW, NonClientMetricsWrongSizeLeavesRecord)
         EXPECT_TRUE(OnlySizeSet(metrics, size)) << size;
     }
     EXPECT_FALSE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, 0, nullptr, 0));
-}
 
-TEST(SystemParametersW, HighContrastClearsFlags)
-{
-    HIGHCONTRASTW contrast = SentinelRecord<HIGHCONTRASTW>(sizeof(HIGHCONTRASTW));
-    ASSERT_TRUE(SystemParametersInfoW(SPI_GETHIGHCONTRAST, 0, &contrast, 0));
-    EXPECT_EQ(contrast.dwFlags, 0u);
-    EXPECT_EQ(contrast.cbSize, sizeof(HIGHCONTRASTW));
-}
-
-TEST(SystemParametersW, HighContrastWrongSizeLeavesRecord)
-{
     HIGHCONTRASTW contrast = SentinelRecord<HIGHCONTRASTW>(sizeof(HIGHCONTRASTW) + 4);
     EXPECT_FALSE(SystemParametersInfoW(SPI_GETHIGHCONTRAST, 0, &contrast, 0));
     EXPECT_TRUE(OnlySizeSet(contrast, sizeof(HIGHCONTRASTW) + 4));
@@ -157,48 +155,24 @@ TEST(SystemParametersW, WorkAreaIsWindowManagersWorkArea)
     EXPECT_EQ(rect.top, area[1]);
     EXPECT_EQ(rect.right, area[0] + area[2]);
     EXPECT_EQ(rect.bottom, area[1] + area[3]);
-}
-
-TEST(SystemParametersW, WorkAreaNeedsRecord)
-{
     EXPECT_FALSE(SystemParametersInfoW(SPI_GETWORKAREA, 0, nullptr, 0));
 }
 
-TEST(SystemParametersW, TakesTheToolkitLock)
-{
-    GdkLockCounter counter;
-    RECT rect;
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &rect, 0);
-    SystemParametersInfoW(0xFFFF, 0, nullptr, 0);
-    EXPECT_EQ(counter.enters(), 2);
-    EXPECT_EQ(counter.leaves(), 2);
-}
-
-TEST(SystemParametersA, NonClientMetricsNarrowed)
+TEST(SystemParametersA, NonClientMetricsNarrowedWrongSizesRefusedAndOtherActionsWide)
 {
     NONCLIENTMETRICSA metrics = SentinelRecord<NONCLIENTMETRICSA>(340);
     ASSERT_TRUE(SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, 0, &metrics, 0));
     EXPECT_EQ(metrics.cbSize, 0u);
     EXPECT_EQ(metrics.iScrollWidth, 0);
     EXPECT_EQ(metrics.iMenuWidth, 0);
-    ExpectCaptionFont(metrics.lfCaptionFont);
-    ExpectCaptionFont(metrics.lfSmCaptionFont);
-    ExpectCaptionFont(metrics.lfMenuFont);
-    ExpectCaptionFont(metrics.lfStatusFont);
-    ExpectCaptionFont(metrics.lfMessageFont);
-}
-
-TEST(SystemParametersA, NonClientMetricsWrongSizeLeavesRecord)
-{
+    ExpectEveryFontIsTheCaptionFont(metrics);
     for (UINT size : {500u, 0u, 339u}) {
-        NONCLIENTMETRICSA metrics = SentinelRecord<NONCLIENTMETRICSA>(size);
+        metrics = SentinelRecord<NONCLIENTMETRICSA>(size);
         EXPECT_FALSE(SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, 0, &metrics, 0)) << size;
         EXPECT_TRUE(OnlySizeSet(metrics, size)) << size;
     }
-}
 
-TEST(SystemParametersA, OtherActionsGoToWideForm)
-{
+    // Other actions go to the wide form.
     UINT value = 0;
     EXPECT_TRUE(SystemParametersInfoA(SPI_GETDRAGFULLWINDOWS, 0, &value, 0));
     EXPECT_EQ(value, 1u);
@@ -211,18 +185,7 @@ TEST(SystemParametersA, OtherActionsGoToWideForm)
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
 }
 
-TEST(SystemParametersA, TakesTheToolkitLockThroughWideForm)
-{
-    GdkLockCounter counter;
-    NONCLIENTMETRICSA metrics = SentinelRecord<NONCLIENTMETRICSA>(340);
-    SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, 0, &metrics, 0);
-    UINT value = 0;
-    SystemParametersInfoA(SPI_GETDRAGFULLWINDOWS, 0, &value, 0);
-    EXPECT_EQ(counter.enters(), 2);
-    EXPECT_EQ(counter.leaves(), 2);
-}
-
-TEST(CopyLogFont, CopiesNumbersAndFaceName)
+TEST(CopyLogFont, CopiesNumbersAndFaceNameCutsLongNamesAndRefusesNull)
 {
     LOGFONTW wide = {};
     wide.lfHeight = -13;
@@ -237,23 +200,90 @@ TEST(CopyLogFont, CopiesNumbersAndFaceName)
     ASSERT_TRUE(CopyLOGFONT_W2A(&wide, &narrow));
     EXPECT_EQ(std::memcmp(&narrow, &wide, 28), 0);
     EXPECT_STREQ(narrow.lfFaceName, "Sans");
-}
 
-TEST(CopyLogFont, UnterminatedFaceNameIsCutAndTerminated)
-{
-    LOGFONTW wide = {};
+    // An unterminated face name is cut and terminated.
     for (WCHAR &unit : wide.lfFaceName)
         unit = 'x';
-    LOGFONTA narrow;
     std::memset(&narrow, kSentinel, sizeof narrow);
     EXPECT_TRUE(CopyLOGFONT_W2A(&wide, &narrow));
     EXPECT_EQ(std::strlen(narrow.lfFaceName), 31u);
-}
 
-TEST(CopyLogFont, NullRecordsFail)
-{
-    LOGFONTW wide = {};
-    LOGFONTA narrow = {};
     EXPECT_FALSE(CopyLOGFONT_W2A(nullptr, &narrow));
     EXPECT_FALSE(CopyLOGFONT_W2A(&wide, nullptr));
+}
+
+
+TEST(LocaleIds, FollowSystemDefaultAndTheStandInsDoNothing)
+{
+    const LCID system = GetSystemDefaultLCID();
+    EXPECT_EQ(GetUserDefaultLCID(), system);
+    EXPECT_EQ(GetThreadLocale(), system);
+    EXPECT_EQ(GetSystemDefaultLangID(), LANGIDFROMLCID(system));
+    EXPECT_EQ(GetUserDefaultLangID(), LANGIDFROMLCID(system));
+    EXPECT_EQ(reinterpret_cast<UINT_PTR>(GetKeyboardLayout(0)), UINT_PTR(LANGIDFROMLCID(system)));
+    EXPECT_EQ(GetKeyboardLayout(12345), GetKeyboardLayout(0));
+    // The keyboard and session stand-ins do nothing.
+    EXPECT_EQ(LoadKeyboardLayoutA("00000409", KLF_ACTIVATE), nullptr);
+    EXPECT_EQ(ActivateKeyboardLayout(GetKeyboardLayout(0), 0), nullptr);
+    EXPECT_FALSE(ExitWindowsEx(EWX_LOGOFF, 0));
+}
+
+TEST(LocaleInfoW, WidensNarrowTextAndCountsLikeTheNarrowForm)
+{
+    char narrow[64] = {};
+    const int narrowCount = GetLocaleInfoA(kEnglishUs, LOCALE_SENGLANGUAGE, narrow, sizeof narrow);
+    ASSERT_GT(narrowCount, 0);
+    static WCHAR wide[1000];
+    EXPECT_EQ(GetLocaleInfoW(kEnglishUs, LOCALE_SENGLANGUAGE, wide, 64), narrowCount);
+    EXPECT_EQ(Narrow(wide), std::string(narrow));
+    EXPECT_EQ(GetLocaleInfoW(kEnglishUs, LOCALE_SENGLANGUAGE, wide, 1000), narrowCount);
+    EXPECT_EQ(GetLocaleInfoW(kEnglishUs, LOCALE_SDECIMAL, nullptr, 0),
+              GetLocaleInfoA(kEnglishUs, LOCALE_SDECIMAL, nullptr, 0));
+}
+
+TEST(LocaleInfoW, ShortBufferAndBadArgumentsFailAndLeaveTheBuffer)
+{
+    const int needed = GetLocaleInfoA(kEnglishUs, LOCALE_SENGLANGUAGE, nullptr, 0);
+    ASSERT_GT(needed, 2);
+    WCHAR wide[64];
+    for (WCHAR &unit : wide)
+        unit = kWideSentinel;
+    SetLastError(0);
+    EXPECT_EQ(GetLocaleInfoW(kEnglishUs, LOCALE_SENGLANGUAGE, wide, needed - 1), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INSUFFICIENT_BUFFER));
+    SetLastError(0);
+    EXPECT_EQ(GetLocaleInfoW(kEnglishUs, LOCALE_SDECIMAL, nullptr, 4), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    SetLastError(0);
+    EXPECT_EQ(GetLocaleInfoW(kEnglishUs, LOCALE_SDECIMAL, wide, -1), 0);
+    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    for (WCHAR unit : wide)
+        EXPECT_EQ(unit, kWideSentinel);
+}
+
+TEST(LocaleInfoW, NumberIsTwoUnits)
+{
+    DWORD narrowNumber = 0;
+    ASSERT_EQ(GetLocaleInfoA(kEnglishUs, LOCALE_IDIGITS | LOCALE_RETURN_NUMBER,
+                             reinterpret_cast<LPSTR>(&narrowNumber), sizeof narrowNumber),
+              4);
+    WCHAR wide[3] = {kWideSentinel, kWideSentinel, kWideSentinel};
+    EXPECT_EQ(GetLocaleInfoW(kEnglishUs, LOCALE_IDIGITS | LOCALE_RETURN_NUMBER, nullptr, 0), 2);
+    EXPECT_EQ(GetLocaleInfoW(kEnglishUs, LOCALE_IDIGITS | LOCALE_RETURN_NUMBER, wide, 1), 0);
+    EXPECT_EQ(wide[0], kWideSentinel);
+    ASSERT_EQ(GetLocaleInfoW(kEnglishUs, LOCALE_IDIGITS | LOCALE_RETURN_NUMBER, wide, 3), 2);
+    DWORD wideNumber = 0;
+    std::memcpy(&wideNumber, wide, sizeof wideNumber);
+    EXPECT_EQ(wideNumber, narrowNumber);
+    EXPECT_EQ(wide[2], kWideSentinel);
+}
+
+TEST(ValidLocale, IcuLocalesAreValidAndUnknownIdsAreNot)
+{
+    EXPECT_TRUE(IsValidLocale(kEnglishUs, LCID_INSTALLED));
+    EXPECT_TRUE(IsValidLocale(uloc_getLCID("de_DE"), LCID_SUPPORTED));
+    EXPECT_TRUE(IsValidLocale(uloc_getLCID("ja_JP"), LCID_INSTALLED));
+    EXPECT_FALSE(IsValidLocale(0x7FFF, LCID_INSTALLED));
+    EXPECT_FALSE(IsValidLocale(0xFFFFFFFF, LCID_INSTALLED));
+    EXPECT_FALSE(IsValidLocale(0, LCID_INSTALLED));
 }

@@ -1,6 +1,8 @@
 // GDK lock counting for the tests.
 #include "support/gdk_lock_counter.h"
 
+#include <gtest/gtest.h>
+
 #include <atomic>
 
 namespace vorlan_test {
@@ -11,15 +13,23 @@ std::atomic<int> s_enters{0};
 std::atomic<int> s_leaves{0};
 GCallback s_originalLock = nullptr;
 GCallback s_originalUnlock = nullptr;
+thread_local bool t_holding = false;
 
+// A second take on one thread would deadlock GDK's mutex: report it instead.
 void CountingLock()
 {
+    if (t_holding) {
+        ADD_FAILURE() << "GDK's lock taken twice by one thread";
+        return;
+    }
     reinterpret_cast<void (*)()>(s_originalLock)();
+    t_holding = true;
     ++s_enters;
 }
 
 void CountingUnlock()
 {
+    t_holding = false;
     ++s_leaves;
     reinterpret_cast<void (*)()>(s_originalUnlock)();
 }

@@ -94,6 +94,13 @@ void ResetCurrentThreadQueues()
     std::fill(std::begin(data->keyState), std::end(data->keyState), 0);
 }
 
+DWORD EndedThreadId()
+{
+    DWORD tid = 0;
+    std::thread([&] { tid = GetCurrentThreadId(); }).join();
+    return tid;
+}
+
 bool SpinUntil(const std::function<bool()> &done, int timeoutMilliseconds)
 {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMilliseconds);

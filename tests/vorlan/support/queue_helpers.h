@@ -47,6 +47,9 @@ bool ServeMessagesUntil(const std::function<bool()> &done,
 // request and key state, so that a test starts from a clean thread.
 void ResetCurrentThreadQueues();
 
+// The id of a thread that has ended without ever having thread data.
+DWORD EndedThreadId();
+
 // Spins (with short sleeps) until `done` holds or the timeout passes.
 bool SpinUntil(const std::function<bool()> &done, int timeoutMilliseconds = 10000);
 
