@@ -81,7 +81,7 @@ TEST(CVector, GetAndSetOutOfRange)
     EXPECT_FALSE(empty.Get(0, &value));
 }
 
-TEST(CVector, InsertAtEveryPosition)
+TEST(CVector, InsertAtEveryPositionAlsoFromItsOwnItems)
 {
     std::unique_ptr<CVector> vector(IntsFrom({1, 2, 3}));
     int value = 10;
@@ -95,21 +95,18 @@ TEST(CVector, InsertAtEveryPosition)
     EXPECT_FALSE(vector->Insert(UINT_MAX, &value));
     EXPECT_FALSE(vector->Insert(0, nullptr));
     EXPECT_EQ(vector->Size(), 6u);
-}
 
-TEST(CVector, InsertAndAppendOfItsOwnItem)
-{
-    std::unique_ptr<CVector> vector(IntsFrom({5}));
     // Each append may move the storage while the source is inside it.
+    std::unique_ptr<CVector> fives(IntsFrom({5}));
     for (int i = 0; i < 100; ++i) {
-        int *items = static_cast<int *>(vector->Lock());
-        vector->Unlock();
-        ASSERT_TRUE(vector->Append(&items[0]));
+        int *items = static_cast<int *>(fives->Lock());
+        fives->Unlock();
+        ASSERT_TRUE(fives->Append(&items[0]));
     }
-    int *items = static_cast<int *>(vector->Lock());
-    vector->Unlock();
-    ASSERT_TRUE(vector->Insert(0, &items[100]));
-    EXPECT_EQ(Values(*vector), std::vector<int>(102, 5));
+    int *items = static_cast<int *>(fives->Lock());
+    fives->Unlock();
+    ASSERT_TRUE(fives->Insert(0, &items[100]));
+    EXPECT_EQ(Values(*fives), std::vector<int>(102, 5));
 }
 
 TEST(CVector, RemoveRanges)
@@ -129,7 +126,7 @@ TEST(CVector, RemoveRanges)
     EXPECT_FALSE(vector->Remove(0));
 }
 
-TEST(CVector, InitWithMemReplacesContent)
+TEST(CVector, InitWithMemReplacesContentAndInitChangesItemSize)
 {
     CVector vector(sizeof(int));
     const int values[] = {9, 8, 7, 6};
@@ -143,20 +140,17 @@ TEST(CVector, InitWithMemReplacesContent)
     EXPECT_EQ(vector.Size(), 2u);
     EXPECT_TRUE(vector.InitWithMem(nullptr, 0));
     EXPECT_EQ(vector.Size(), 0u);
-}
 
-TEST(CVector, InitChangesItemSize)
-{
-    std::unique_ptr<CVector> vector(IntsFrom({1, 2}));
-    EXPECT_FALSE(vector->Init(0)) << "items have a size";
-    EXPECT_EQ(vector->Size(), 2u);
-    EXPECT_TRUE(vector->Init(sizeof(double)));
-    EXPECT_EQ(vector->Size(), 0u);
-    EXPECT_EQ(vector->ItemSize(), sizeof(double));
+    ASSERT_TRUE(vector.InitWithMem(values, 2));
+    EXPECT_FALSE(vector.Init(0)) << "items have a size";
+    EXPECT_EQ(vector.Size(), 2u);
+    EXPECT_TRUE(vector.Init(sizeof(double)));
+    EXPECT_EQ(vector.Size(), 0u);
+    EXPECT_EQ(vector.ItemSize(), sizeof(double));
     const double pi = 3.25;
-    EXPECT_TRUE(vector->Append(&pi));
+    EXPECT_TRUE(vector.Append(&pi));
     double back = 0;
-    EXPECT_TRUE(vector->Get(0, &back));
+    EXPECT_TRUE(vector.Get(0, &back));
     EXPECT_EQ(back, pi);
 }
 
@@ -180,7 +174,7 @@ TEST(CVector, AppendReserveAndResizeWithZeroing)
     EXPECT_EQ(vector.Size(), 0u);
 }
 
-TEST(CVector, HugeRequestsFailCleanly)
+TEST(CVector, HugeRequestsFailCleanlyAndSmallItemsCount)
 {
     CVector vector(1 << 20);
     EXPECT_FALSE(vector.Resize(UINT_MAX)) << "4 TiB cannot be allocated";
@@ -189,6 +183,11 @@ TEST(CVector, HugeRequestsFailCleanly)
     CVector bytes(1);
     ASSERT_TRUE(bytes.Resize(10));
     EXPECT_EQ(bytes.SizeHuge(), 10u);
+    CVector zeroSized(0);
+    EXPECT_EQ(zeroSized.ItemSize(), 1u) << "a zero item size means one byte";
+    const char c = 'q';
+    EXPECT_TRUE(zeroSized.Append(&c));
+    EXPECT_EQ(zeroSized.SizeHuge(), 1u);
 }
 
 TEST(CVector, ZeroClearAndClone)
@@ -237,13 +236,4 @@ TEST(CVector, LockedVectorRefusesToMove)
     vector->Unlock();  // unbalanced unlock is ignored
     EXPECT_TRUE(vector->Append(&value));
     EXPECT_EQ(Values(*vector), (std::vector<int>{9, 2, 9, 9}));
-}
-
-TEST(CVector, ZeroItemSizeConstructorUsesOneByte)
-{
-    CVector vector(0);
-    EXPECT_EQ(vector.ItemSize(), 1u);
-    const char c = 'q';
-    EXPECT_TRUE(vector.Append(&c));
-    EXPECT_EQ(vector.SizeHuge(), 1u);
 }

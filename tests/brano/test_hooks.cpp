@@ -3,6 +3,8 @@
 // and wide forms, and CallMsgFilter.
 #include <windows.h>
 
+#include "expect_last_error.h"
+
 #include <condition_variable>
 #include <cstdint>
 #include <gtest/gtest.h>
@@ -117,9 +119,8 @@ protected:
 
 void ExpectInstallFails(int type, HOOKPROC proc, DWORD thread, DWORD error)
 {
-    SetLastError(0);
-    EXPECT_EQ(SetWindowsHookExA(type, proc, nullptr, thread), nullptr) << "type " << type;
-    EXPECT_EQ(GetLastError(), error) << "type " << type;
+    SCOPED_TRACE(type);
+    EXPECT_FAILS_WITH(SetWindowsHookExA(type, proc, nullptr, thread), nullptr, error);
 }
 
 } // namespace
@@ -154,23 +155,19 @@ TEST_F(Hooks, NewestRunsFirstAndChainsToTheEnd)
     }
 }
 
-TEST_F(Hooks, ANonZeroResultIsReported)
+TEST_F(Hooks, ANonZeroResultIsReportedAndNoHooksMeansZero)
 {
     Install(1, WH_MOUSE, Plain);
     Install(0, WH_MOUSE, Swallow);
     EXPECT_EQ(CallWindowsHook(WH_MOUSE, HC_ACTION, 0, 0, FALSE), 1);
     EXPECT_EQ(Callers(), (std::vector<std::string>{"swallow"})) << "the chain stops where a hook stops it";
-}
-
-TEST_F(Hooks, NoHooksMeansZero)
-{
     EXPECT_EQ(CallWindowsHook(WH_CBT, 0, 0, 0, FALSE), 0);
     EXPECT_EQ(CallWindowsHook(999, 0, 0, 0, FALSE), 0);
     EXPECT_EQ(CallWindowsHook(-50, 0, 0, 0, FALSE), 0);
     EXPECT_EQ(CallNextHookEx(nullptr, 0, 0, 0), 0) << "outside any hook";
 }
 
-TEST_F(Hooks, UnhookingTheRunningHookIsSafe)
+TEST_F(Hooks, UnhookingTheRunningOrTheNextHookIsSafe)
 {
     Install(1, WH_KEYBOARD, Plain);
     Install(0, WH_KEYBOARD, UnhookSelf);
@@ -180,12 +177,13 @@ TEST_F(Hooks, UnhookingTheRunningHookIsSafe)
     t_calls.clear();
     CallWindowsHook(WH_KEYBOARD, HC_ACTION, 1, 2, FALSE);
     EXPECT_EQ(Callers(), (std::vector<std::string>{"plain"}));
-}
+    UnhookWindowsHookEx(t_handles[1]);
+    t_handles[1] = nullptr;
 
-TEST_F(Hooks, HookUnhookedDuringTheCallIsSkipped)
-{
+    // A hook removed by the one before it in the running chain is skipped.
     Install(1, WH_KEYBOARD, Swallow);
     Install(0, WH_KEYBOARD, UnhookNext);
+    t_calls.clear();
     EXPECT_EQ(CallWindowsHook(WH_KEYBOARD, HC_ACTION, 0, 0, FALSE), 0);
     EXPECT_EQ(Callers(), (std::vector<std::string>{"unhook-next"}));
     t_handles[1] = nullptr;
@@ -237,9 +235,8 @@ TEST_F(Hooks, HookForAnotherThreadRunsThere)
     EXPECT_EQ(seenOnOther, (std::vector<std::string>{"plain"}));
     CallWindowsHook(WH_KEYBOARD, HC_ACTION, 0, 0, FALSE);
     EXPECT_TRUE(t_calls.empty()) << "not on the installing thread";
-    SetLastError(0);
-    EXPECT_FALSE(UnhookWindowsHookEx(hook)) << "removed when its thread ended";
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_HOOK_HANDLE);
+    // Removed when its thread ended.
+    EXPECT_FAILS_WITH(UnhookWindowsHookEx(hook), FALSE, ERROR_INVALID_HOOK_HANDLE);
 }
 
 TEST_F(Hooks, GlobalHookRunsOnEveryThreadAfterThreadHooks)
@@ -279,16 +276,12 @@ TEST_F(Hooks, BadHandles)
     int local = 0;
     for (HHOOK bad : {static_cast<HHOOK>(nullptr), reinterpret_cast<HHOOK>(&local),
                       reinterpret_cast<HHOOK>(0x18), reinterpret_cast<HHOOK>(~static_cast<uintptr_t>(0))}) {
-        SetLastError(0);
-        EXPECT_FALSE(UnhookWindowsHookEx(bad));
-        EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_HOOK_HANDLE);
+        EXPECT_FAILS_WITH(UnhookWindowsHookEx(bad), FALSE, ERROR_INVALID_HOOK_HANDLE);
     }
     HHOOK hook = Install(0, WH_CBT, Plain);
     EXPECT_TRUE(UnhookWindowsHookEx(hook));
     t_handles[0] = nullptr;
-    SetLastError(0);
-    EXPECT_FALSE(UnhookWindowsHookEx(hook)) << "twice";
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_HOOK_HANDLE);
+    EXPECT_FAILS_WITH(UnhookWindowsHookEx(hook), FALSE, ERROR_INVALID_HOOK_HANDLE); // twice
 }
 
 TEST_F(Hooks, ForeignHandleInCallNextContinuesAfterTheRunningHook)
