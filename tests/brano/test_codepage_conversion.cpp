@@ -117,7 +117,7 @@ TEST(Utf8Conversion, OnlyATerminatedSourceCountsAndWritesTheTerminator)
     EXPECT_EQ(roomy.At(3), GuardedBuffer<WCHAR>::kPattern);
 }
 
-TEST(Utf8Conversion, IllFormedInputBecomesReplacementCharactersUnlessStrict)
+TEST(Utf8Conversion, IllFormedInputAndLoneSurrogatesBecomeReplacementCharactersUnlessStrict)
 {
     EXPECT_EQ(Decode(CP_UTF8, "a\xFFz"), u"a\uFFFDz");
     // Overlong form, encoded surrogate and a truncated sequence at the end.
@@ -130,10 +130,6 @@ TEST(Utf8Conversion, IllFormedInputBecomesReplacementCharactersUnlessStrict)
     EXPECT_FAILS_WITH(MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, "\xE2\x82", 2, nullptr, 0), 0,
                       ERROR_NO_UNICODE_TRANSLATION);
     EXPECT_EQ(MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, "\xE2\x82\xAC", 3, buffer, 8), 1);
-}
-
-TEST(Utf8Conversion, LoneSurrogatesEncodeAsReplacementUnlessStrict)
-{
     EXPECT_EQ(Encode(CP_UTF8, std::u16string(1, (char16_t)0xD800) + u"x"), "\xEF\xBF\xBDx");
     EXPECT_EQ(Encode(CP_UTF8, u"x" + std::u16string(1, (char16_t)0xDC00)), "x\xEF\xBF\xBD");
     const WCHAR lone[] = {0xDC00, 'x'};
@@ -158,7 +154,7 @@ TEST(Utf8Conversion, RefusesDefaultCharArgumentsAndAllFlagsButInvalidChars)
 
 // ---- Single-byte pages ---------------------------------------------------
 
-TEST(Cp1252Conversion, EveryByteRoundTripsIncludingTheEuroAndTheC1Holes)
+TEST(Cp1252Conversion, EveryByteRoundTripsAndUnmappableCharactersUseBestFitOrTheDefaultChar)
 {
     ExpectRoundTrip(1252, "\x80", u"\u20AC");
     ExpectRoundTrip(1252, "\x93quoted\x94", u"\u201Cquoted\u201D");
@@ -172,10 +168,7 @@ TEST(Cp1252Conversion, EveryByteRoundTripsIncludingTheEuroAndTheC1Holes)
         ASSERT_EQ(decoded.size(), 1u) << value;
         EXPECT_EQ(Encode(1252, decoded, WC_NO_BEST_FIT_CHARS), byte) << value;
     }
-}
 
-TEST(Cp1252Conversion, UnmappableCharactersUseBestFitOrTheDefaultChar)
-{
     BOOL used = FALSE;
     EXPECT_EQ(Encode(1252, u"a\u4E2Db", 0, nullptr, &used), "a?b");
     EXPECT_TRUE(used);
@@ -223,7 +216,7 @@ TEST(SingleBytePages, MapTheirLettersAndTheOemPageOffersGlyphs)
 
 // ---- Double-byte pages ----------------------------------------------------
 
-TEST(DbcsConversion, ChineseJapaneseAndKoreanPagesRoundTrip)
+TEST(DbcsConversion, ChineseJapaneseAndKoreanPagesRoundTripTruncateDefaultAndStopShort)
 {
     ExpectRoundTrip(936, "\xD6\xD0\xCE\xC4", u"\u4E2D\u6587");
     ExpectRoundTrip(936, "a\xD6\xD0z", u"a\u4E2Dz");
@@ -237,10 +230,7 @@ TEST(DbcsConversion, ChineseJapaneseAndKoreanPagesRoundTrip)
     ExpectRoundTrip(932, "\x83\x5C", u"\u30BD");
     ExpectRoundTrip(949, "\xC7\xD1\xB1\xB9", u"\uD55C\uAD6D");
     ExpectRoundTrip(950, "\xA4\xA4\xA4\xE5", u"\u4E2D\u6587");
-}
 
-TEST(DbcsConversion, TruncatedCharactersDefaultCharsAndShortBuffers)
-{
     // A lead byte without its trail becomes the page's default Unicode char.
     EXPECT_EQ(Decode(932, "a\x93"), u"a\u30FB");
     EXPECT_EQ(Decode(936, "a\xD6"), u"a?");
@@ -261,31 +251,24 @@ TEST(DbcsConversion, TruncatedCharactersDefaultCharsAndShortBuffers)
 
 // ---- Other pages ------------------------------------------------------------
 
-TEST(SymbolCodePage, MapsBytesToThePrivateUseGlyphsAndTakesNoFlags)
-{
-    EXPECT_EQ(Decode(CP_SYMBOL, "\x10\x20\x41\xFF"), u"\u0010\uF020\uF041\uF0FF");
-    EXPECT_EQ(Encode(CP_SYMBOL, u"\u0010\uF020\uF041\uF0FF"), "\x10\x20\x41\xFF");
-    WCHAR wide[4];
-    EXPECT_FAILS_WITH(MultiByteToWideChar(CP_SYMBOL, MB_ERR_INVALID_CHARS, "A", 1, wide, 4), 0, ERROR_INVALID_FLAGS);
-    char bytes[4];
-    EXPECT_FAILS_WITH(WideCharToMultiByte(CP_SYMBOL, 0, W(u"A"), 1, bytes, 4, nullptr, nullptr), 0,
-                      ERROR_NO_UNICODE_TRANSLATION);
-}
-
-TEST(OtherCodePages, Gb18030EncodesAllOfUnicode)
+TEST(OtherCodePages, Gb18030CoversUnicodeUtf7AndTheSymbolPageTakeNoFlags)
 {
     ExpectRoundTrip(54936, "\x81\x30\x81\x30", u"\u0080");
     ExpectRoundTrip(54936, "\x90\x30\x81\x30", u"\U00010000");
     ExpectRoundTrip(54936, "\xD6\xD0", u"\u4E2D");
-}
-
-TEST(OtherCodePages, Utf7)
-{
-    ASSERT_TRUE(IsValidCodePage(CP_UTF7));
+    EXPECT_TRUE(IsValidCodePage(CP_UTF7));
     EXPECT_EQ(Decode(CP_UTF7, "A+ImIDkQ."), u"A\u2262\u0391.");
     EXPECT_EQ(Decode(CP_UTF7, Encode(CP_UTF7, u"x\u4E2D\u6587y")), u"x\u4E2D\u6587y");
     WCHAR wide[4];
     EXPECT_FAILS_WITH(MultiByteToWideChar(CP_UTF7, MB_ERR_INVALID_CHARS, "a", 1, wide, 4), 0, ERROR_INVALID_FLAGS);
+
+    // The symbol page maps bytes to the private-use glyphs.
+    EXPECT_EQ(Decode(CP_SYMBOL, "\x10\x20\x41\xFF"), u"\u0010\uF020\uF041\uF0FF");
+    EXPECT_EQ(Encode(CP_SYMBOL, u"\u0010\uF020\uF041\uF0FF"), "\x10\x20\x41\xFF");
+    EXPECT_FAILS_WITH(MultiByteToWideChar(CP_SYMBOL, MB_ERR_INVALID_CHARS, "A", 1, wide, 4), 0, ERROR_INVALID_FLAGS);
+    char bytes[4];
+    EXPECT_FAILS_WITH(WideCharToMultiByte(CP_SYMBOL, 0, W(u"A"), 1, bytes, 4, nullptr, nullptr), 0,
+                      ERROR_NO_UNICODE_TRANSLATION);
 }
 
 TEST(OtherCodePages, CompositeFlagsDecomposeAndComposeAroundTheConversion)
@@ -373,7 +356,7 @@ TEST(ConversionArguments, BadEncodeArgumentsFailWithoutWriting)
     }
 }
 
-TEST(ConversionArguments, OverlappingBuffersAreRefused)
+TEST(ConversionArguments, OverlappingBuffersAreRefusedAndSuccessLeavesTheLastErrorAlone)
 {
     union {
         char bytes[32];
@@ -382,6 +365,13 @@ TEST(ConversionArguments, OverlappingBuffersAreRefused)
     EXPECT_FAILS_WITH(MultiByteToWideChar(1252, 0, shared.bytes, -1, shared.wide, 16), 0, ERROR_INVALID_PARAMETER);
     EXPECT_FAILS_WITH(WideCharToMultiByte(CP_UTF8, 0, shared.wide, 4, shared.bytes + 4, 16, nullptr, nullptr), 0,
                       ERROR_INVALID_PARAMETER);
+    WCHAR wide[8];
+    char bytes[8];
+    SetLastError(0xBEEF);
+    EXPECT_EQ(MultiByteToWideChar(1252, 0, "abc", -1, wide, 8), 4);
+    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, "abc", 3, nullptr, 0), 3);
+    EXPECT_EQ(WideCharToMultiByte(936, 0, W(u"\u4E2D"), 1, bytes, 8, nullptr, nullptr), 2);
+    EXPECT_EQ(GetLastError(), 0xBEEFu);
 }
 
 TEST(ConversionArguments, ShortBuffersFailWithoutOverrunningAndAnExactFitSucceeds)
@@ -403,17 +393,6 @@ TEST(ConversionArguments, ShortBuffersFailWithoutOverrunningAndAnExactFitSucceed
     EXPECT_EQ(WideCharToMultiByte(1252, 0, W(u"hello"), -1, bytes.Data(), 6, nullptr, nullptr), 6);
     EXPECT_TRUE(bytes.GuardsIntact());
     EXPECT_STREQ(bytes.Data(), "hello");
-}
-
-TEST(ConversionArguments, SuccessLeavesTheLastErrorAlone)
-{
-    WCHAR wide[8];
-    char bytes[8];
-    SetLastError(0xBEEF);
-    EXPECT_EQ(MultiByteToWideChar(1252, 0, "abc", -1, wide, 8), 4);
-    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, "abc", 3, nullptr, 0), 3);
-    EXPECT_EQ(WideCharToMultiByte(936, 0, W(u"\u4E2D"), 1, bytes, 8, nullptr, nullptr), 2);
-    EXPECT_EQ(GetLastError(), 0xBEEFu);
 }
 
 // ---- ICU converters --------------------------------------------------------

@@ -65,7 +65,7 @@ TEST(CVector, AppendAndGetCopyWholeItems)
     }
 }
 
-TEST(CVector, GetAndSetOutOfRange)
+TEST(CVector, GetSetAndRemoveInAndOutOfRange)
 {
     std::unique_ptr<CVector> vector(IntsFrom({1, 2, 3}));
     int value = 77;
@@ -79,6 +79,20 @@ TEST(CVector, GetAndSetOutOfRange)
     EXPECT_EQ(Values(*vector), (std::vector<int>{1, 2, 77}));
     CVector empty(sizeof(int));
     EXPECT_FALSE(empty.Get(0, &value));
+
+    std::unique_ptr<CVector> ranges(IntsFrom({0, 1, 2, 3, 4, 5}));
+    EXPECT_TRUE(ranges->Remove(1));
+    EXPECT_EQ(Values(*ranges), (std::vector<int>{0, 2, 3, 4, 5}));
+    EXPECT_TRUE(ranges->Remove(1, 3));
+    EXPECT_EQ(Values(*ranges), (std::vector<int>{0, 5}));
+    EXPECT_FALSE(ranges->Remove(2));
+    EXPECT_FALSE(ranges->Remove(1, 2));
+    EXPECT_FALSE(ranges->Remove(1, UINT_MAX)) << "index + count overflows";
+    EXPECT_FALSE(ranges->Remove(UINT_MAX, 2));
+    EXPECT_TRUE(ranges->Remove(2, 0)) << "nothing at the end";
+    EXPECT_TRUE(ranges->Remove(0, 2));
+    EXPECT_EQ(ranges->Size(), 0u);
+    EXPECT_FALSE(ranges->Remove(0));
 }
 
 TEST(CVector, InsertAtEveryPositionAlsoFromItsOwnItems)
@@ -109,23 +123,6 @@ TEST(CVector, InsertAtEveryPositionAlsoFromItsOwnItems)
     EXPECT_EQ(Values(*fives), std::vector<int>(102, 5));
 }
 
-TEST(CVector, RemoveRanges)
-{
-    std::unique_ptr<CVector> vector(IntsFrom({0, 1, 2, 3, 4, 5}));
-    EXPECT_TRUE(vector->Remove(1));
-    EXPECT_EQ(Values(*vector), (std::vector<int>{0, 2, 3, 4, 5}));
-    EXPECT_TRUE(vector->Remove(1, 3));
-    EXPECT_EQ(Values(*vector), (std::vector<int>{0, 5}));
-    EXPECT_FALSE(vector->Remove(2));
-    EXPECT_FALSE(vector->Remove(1, 2));
-    EXPECT_FALSE(vector->Remove(1, UINT_MAX)) << "index + count overflows";
-    EXPECT_FALSE(vector->Remove(UINT_MAX, 2));
-    EXPECT_TRUE(vector->Remove(2, 0)) << "nothing at the end";
-    EXPECT_TRUE(vector->Remove(0, 2));
-    EXPECT_EQ(vector->Size(), 0u);
-    EXPECT_FALSE(vector->Remove(0));
-}
-
 TEST(CVector, InitWithMemReplacesContentAndInitChangesItemSize)
 {
     CVector vector(sizeof(int));
@@ -154,7 +151,7 @@ TEST(CVector, InitWithMemReplacesContentAndInitChangesItemSize)
     EXPECT_EQ(back, pi);
 }
 
-TEST(CVector, AppendReserveAndResizeWithZeroing)
+TEST(CVector, AppendReserveAndResizeZeroNewItemsAndHugeRequestsFailCleanly)
 {
     CVector vector(sizeof(int), CVECTOR_ZERO_NEW);
     int *room = static_cast<int *>(vector.AppendReserve(3));
@@ -172,14 +169,11 @@ TEST(CVector, AppendReserveAndResizeWithZeroing)
     vector.Set(4, &room[1]);
     EXPECT_TRUE(vector.Resize(0));
     EXPECT_EQ(vector.Size(), 0u);
-}
 
-TEST(CVector, HugeRequestsFailCleanlyAndSmallItemsCount)
-{
-    CVector vector(1 << 20);
-    EXPECT_FALSE(vector.Resize(UINT_MAX)) << "4 TiB cannot be allocated";
-    EXPECT_EQ(vector.Size(), 0u);
-    EXPECT_EQ(vector.AppendReserve(UINT_MAX), nullptr);
+    CVector huge(1 << 20);
+    EXPECT_FALSE(huge.Resize(UINT_MAX)) << "4 TiB cannot be allocated";
+    EXPECT_EQ(huge.Size(), 0u);
+    EXPECT_EQ(huge.AppendReserve(UINT_MAX), nullptr);
     CVector bytes(1);
     ASSERT_TRUE(bytes.Resize(10));
     EXPECT_EQ(bytes.SizeHuge(), 10u);

@@ -17,7 +17,7 @@ protected:
 
 } // namespace
 
-TEST_F(Environment, LongParsesDecimalHexAndOctal)
+TEST_F(Environment, LongParsesDecimalHexAndOctalAndIsZeroForMissingOrNonNumeric)
 {
     const struct {
         const char *text;
@@ -31,11 +31,8 @@ TEST_F(Environment, LongParsesDecimalHexAndOctal)
         Set(c.text);
         EXPECT_EQ(OSGetEnvironmentLong(kName), c.value) << c.text;
     }
-}
-
-TEST_F(Environment, LongIsZeroForMissingOrNonNumeric)
-{
-    EXPECT_EQ(OSGetEnvironmentLong(kName), 0);
+    unsetenv(kName);
+    EXPECT_EQ(OSGetEnvironmentLong(kName), 0) << "missing";
     for (const char *text : {"", "abc", "12abc", "0x", "1.5", "0x100000000", "99999999999999999999", "-"}) {
         Set(text);
         EXPECT_EQ(OSGetEnvironmentLong(kName), 0) << text;

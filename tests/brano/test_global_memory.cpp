@@ -79,7 +79,7 @@ TEST(GlobalMemory, ZeroInitZeroesAndTheShareFlagIsKept)
     GlobalFree(shared);
 }
 
-TEST(GlobalMemory, MovableHandleIsNotThePointer)
+TEST(GlobalMemory, MovableHandleIsNotThePointerAndCountsItsLocks)
 {
     HGLOBAL handle = GlobalAlloc(GMEM_MOVEABLE, 64);
     ASSERT_NE(handle, nullptr);
@@ -91,26 +91,23 @@ TEST(GlobalMemory, MovableHandleIsNotThePointer)
     EXPECT_EQ(GlobalSize(handle), 64u);
     EXPECT_FALSE(GlobalUnlock(handle));
     EXPECT_EQ(GlobalFree(handle), nullptr);
-}
 
-TEST(GlobalMemory, LockCountsAndUnlockResults)
-{
-    HGLOBAL handle = GlobalAlloc(GMEM_MOVEABLE, 16);
-    ASSERT_NE(handle, nullptr);
-    EXPECT_EQ(GlobalFlags(handle) & GMEM_LOCKCOUNT, 0u);
-    void *first = GlobalLock(handle);
-    void *second = GlobalLock(handle);
+    HGLOBAL counted = GlobalAlloc(GMEM_MOVEABLE, 16);
+    ASSERT_NE(counted, nullptr);
+    EXPECT_EQ(GlobalFlags(counted) & GMEM_LOCKCOUNT, 0u);
+    void *first = GlobalLock(counted);
+    void *second = GlobalLock(counted);
     EXPECT_EQ(first, second);
-    EXPECT_EQ(GlobalFlags(handle) & GMEM_LOCKCOUNT, 2u);
+    EXPECT_EQ(GlobalFlags(counted) & GMEM_LOCKCOUNT, 2u);
 
     SetLastError(12345);
-    EXPECT_TRUE(GlobalUnlock(handle)) << "still locked once";
-    EXPECT_EQ(GlobalFlags(handle) & GMEM_LOCKCOUNT, 1u);
+    EXPECT_TRUE(GlobalUnlock(counted)) << "still locked once";
+    EXPECT_EQ(GlobalFlags(counted) & GMEM_LOCKCOUNT, 1u);
     SetLastError(12345);
-    EXPECT_FALSE(GlobalUnlock(handle));
+    EXPECT_FALSE(GlobalUnlock(counted));
     EXPECT_EQ(GetLastError(), (DWORD)NO_ERROR) << "unlocked: FALSE with NO_ERROR";
-    EXPECT_FAILS_WITH(GlobalUnlock(handle), FALSE, kErrorNotLocked);
-    GlobalFree(handle);
+    EXPECT_FAILS_WITH(GlobalUnlock(counted), FALSE, kErrorNotLocked);
+    GlobalFree(counted);
 }
 
 TEST(GlobalMemory, ZeroSizedMovableBlockIsDiscarded)
@@ -130,7 +127,7 @@ TEST(GlobalMemory, ZeroSizedMovableBlockIsDiscarded)
     EXPECT_EQ(GlobalFree(handle), nullptr);
 }
 
-TEST(GlobalMemory, ReAllocMovableKeepsHandleAndContent)
+TEST(GlobalMemory, ReAllocMovableKeepsHandleAndContentAndMovesALockedBlockOnlyWhenAllowed)
 {
     HGLOBAL handle = GlobalAlloc(GMEM_MOVEABLE, 8);
     ASSERT_NE(handle, nullptr);
@@ -149,26 +146,23 @@ TEST(GlobalMemory, ReAllocMovableKeepsHandleAndContent)
     EXPECT_EQ(std::memcmp(GlobalLock(handle), "abcd", 4), 0);
     GlobalUnlock(handle);
     GlobalFree(handle);
-}
 
-TEST(GlobalMemory, LockedMovableBlockMovesOnlyWhenAllowed)
-{
-    HGLOBAL handle = GlobalAlloc(GMEM_MOVEABLE, 16);
-    void *data = GlobalLock(handle);
-    ASSERT_NE(data, nullptr);
-    EXPECT_FAILS_WITH(GlobalReAlloc(handle, 1 << 20, 0), nullptr, ERROR_NOT_ENOUGH_MEMORY);
-    EXPECT_EQ(GlobalSize(handle), 16u) << "failure leaves the block as it was";
-    EXPECT_EQ(GlobalReAlloc(handle, 1 << 20, GMEM_MOVEABLE), handle);
-    EXPECT_EQ(GlobalSize(handle), (SIZE_T)(1 << 20));
+    HGLOBAL locked = GlobalAlloc(GMEM_MOVEABLE, 16);
+    void *lockedData = GlobalLock(locked);
+    ASSERT_NE(lockedData, nullptr);
+    EXPECT_FAILS_WITH(GlobalReAlloc(locked, 1 << 20, 0), nullptr, ERROR_NOT_ENOUGH_MEMORY);
+    EXPECT_EQ(GlobalSize(locked), 16u) << "failure leaves the block as it was";
+    EXPECT_EQ(GlobalReAlloc(locked, 1 << 20, GMEM_MOVEABLE), locked);
+    EXPECT_EQ(GlobalSize(locked), (SIZE_T)(1 << 20));
     // A locked block cannot be discarded.
-    EXPECT_EQ(GlobalReAlloc(handle, 0, GMEM_MOVEABLE), nullptr);
-    GlobalUnlock(handle);
-    EXPECT_EQ(GlobalReAlloc(handle, 0, GMEM_MOVEABLE), handle);
-    EXPECT_EQ(GlobalFlags(handle) & GMEM_DISCARDED, (UINT)GMEM_DISCARDED);
-    GlobalFree(handle);
+    EXPECT_EQ(GlobalReAlloc(locked, 0, GMEM_MOVEABLE), nullptr);
+    GlobalUnlock(locked);
+    EXPECT_EQ(GlobalReAlloc(locked, 0, GMEM_MOVEABLE), locked);
+    EXPECT_EQ(GlobalFlags(locked) & GMEM_DISCARDED, (UINT)GMEM_DISCARDED);
+    GlobalFree(locked);
 }
 
-TEST(GlobalMemory, ReAllocFixedMovesOnlyWithMoveable)
+TEST(GlobalMemory, ReAllocFixedMovesOnlyWithMoveableAndModifyChangesAttributesOnly)
 {
     HGLOBAL block = GlobalAlloc(GMEM_FIXED, 16);
     std::memcpy(block, "0123456789abcdef", 16);
@@ -183,10 +177,7 @@ TEST(GlobalMemory, ReAllocFixedMovesOnlyWithMoveable)
     EXPECT_EQ(shrunk, moved) << "shrinking happens in place";
     EXPECT_EQ(GlobalSize(shrunk), 8u);
     EXPECT_EQ(GlobalFree(shrunk), nullptr);
-}
 
-TEST(GlobalMemory, ModifyChangesAttributesOnly)
-{
     HGLOBAL handle = GlobalAlloc(GMEM_MOVEABLE, 10);
     EXPECT_EQ(GlobalReAlloc(handle, 0, GMEM_MODIFY | GMEM_DISCARDABLE), handle);
     EXPECT_EQ(GlobalFlags(handle) & GMEM_DISCARDABLE, (UINT)GMEM_DISCARDABLE);

@@ -96,6 +96,17 @@ std::vector<std::string> Callers()
     return names;
 }
 
+// Runs the hooks of `type` on a new thread and gives who ran there.
+std::vector<std::string> CallersOnAnotherThread(int type, LPARAM lParam = 0)
+{
+    std::vector<std::string> seen;
+    std::thread([&] {
+        CallWindowsHook(type, HC_ACTION, 0, lParam, FALSE);
+        seen = Callers();
+    }).join();
+    return seen;
+}
+
 class Hooks : public ::testing::Test {
 protected:
     void SetUp() override { t_calls.clear(); }
@@ -189,20 +200,21 @@ TEST_F(Hooks, UnhookingTheRunningOrTheNextHookIsSafe)
     t_handles[1] = nullptr;
 }
 
-TEST_F(Hooks, ThreadHooksStayOnTheirThread)
+TEST_F(Hooks, ThreadHooksStayOnTheirThreadGlobalHooksRunEverywhereAfterThem)
 {
-    Install(0, WH_GETMESSAGE, Plain);
-    std::vector<std::string> seenOnOther;
-    std::thread other([&] {
-        MSG msg = {};
-        CallWindowsHook(WH_GETMESSAGE, HC_ACTION, 0, reinterpret_cast<LPARAM>(&msg), FALSE);
-        seenOnOther = Callers();
-    });
-    other.join();
-    EXPECT_TRUE(seenOnOther.empty());
     MSG msg = {};
+    Install(0, WH_GETMESSAGE, Plain);
+    EXPECT_TRUE(CallersOnAnotherThread(WH_GETMESSAGE, reinterpret_cast<LPARAM>(&msg)).empty());
     CallWindowsHook(WH_GETMESSAGE, HC_ACTION, 0, reinterpret_cast<LPARAM>(&msg), FALSE);
     EXPECT_EQ(Callers(), (std::vector<std::string>{"plain"}));
+
+    t_calls.clear();
+    t_handles[2] = SetWindowsHookExA(WH_KEYBOARD, Plain, nullptr, 0);
+    ASSERT_NE(t_handles[2], nullptr);
+    Install(1, WH_KEYBOARD, PassOnBWithNullHandle);
+    CallWindowsHook(WH_KEYBOARD, HC_ACTION, 0, 0, FALSE);
+    EXPECT_EQ(Callers(), (std::vector<std::string>{"B", "plain"}));
+    EXPECT_EQ(CallersOnAnotherThread(WH_KEYBOARD), (std::vector<std::string>{"plain"}));
 }
 
 TEST_F(Hooks, HookForAnotherThreadRunsThere)
@@ -239,23 +251,7 @@ TEST_F(Hooks, HookForAnotherThreadRunsThere)
     EXPECT_FAILS_WITH(UnhookWindowsHookEx(hook), FALSE, ERROR_INVALID_HOOK_HANDLE);
 }
 
-TEST_F(Hooks, GlobalHookRunsOnEveryThreadAfterThreadHooks)
-{
-    t_handles[0] = SetWindowsHookExA(WH_KEYBOARD, Plain, nullptr, 0);
-    ASSERT_NE(t_handles[0], nullptr);
-    Install(1, WH_KEYBOARD, PassOnBWithNullHandle);
-    CallWindowsHook(WH_KEYBOARD, HC_ACTION, 0, 0, FALSE);
-    EXPECT_EQ(Callers(), (std::vector<std::string>{"B", "plain"}));
-    std::vector<std::string> seenOnOther;
-    std::thread other([&] {
-        CallWindowsHook(WH_KEYBOARD, HC_ACTION, 0, 0, FALSE);
-        seenOnOther = Callers();
-    });
-    other.join();
-    EXPECT_EQ(seenOnOther, (std::vector<std::string>{"plain"}));
-}
-
-TEST_F(Hooks, InstallationChecks)
+TEST_F(Hooks, InstallationChecksAndBadHandles)
 {
     for (int type : {WH_JOURNALRECORD, WH_JOURNALPLAYBACK, WH_KEYBOARD_LL, WH_MOUSE_LL, WH_HARDWARE,
                      WH_MIN - 1, WH_MAX + 1, 1000})
@@ -269,10 +265,6 @@ TEST_F(Hooks, InstallationChecks)
         EXPECT_NE(hook, nullptr) << "type " << type;
         EXPECT_TRUE(UnhookWindowsHookEx(hook));
     }
-}
-
-TEST_F(Hooks, BadHandles)
-{
     int local = 0;
     for (HHOOK bad : {static_cast<HHOOK>(nullptr), reinterpret_cast<HHOOK>(&local),
                       reinterpret_cast<HHOOK>(0x18), reinterpret_cast<HHOOK>(~static_cast<uintptr_t>(0))}) {
@@ -296,7 +288,7 @@ TEST_F(Hooks, ForeignHandleInCallNextContinuesAfterTheRunningHook)
     EXPECT_EQ(Callers(), (std::vector<std::string>{"forged", "plain"}));
 }
 
-TEST_F(Hooks, WideHookGetsAnsiCharacterConverted)
+TEST_F(Hooks, CharacterMessagesAreConvertedForHooksOfTheOtherForm)
 {
     static WPARAM s_seen;
     Install(0, WH_GETMESSAGE, [](int code, WPARAM wParam, LPARAM lParam) -> LRESULT {
@@ -320,25 +312,22 @@ TEST_F(Hooks, WideHookGetsAnsiCharacterConverted)
         expected |= static_cast<WPARAM>(static_cast<unsigned char>(ansi[i])) << (8 * i);
     EXPECT_EQ(msg.wParam, expected) << "the change comes back in the ANSI page";
     EXPECT_EQ(msg.time, 77u);
-}
 
-TEST_F(Hooks, AnsiHookGetsWideCharacterConverted)
-{
-    static WPARAM s_seen;
-    Install(0, WH_MSGFILTER, [](int, WPARAM, LPARAM lParam) -> LRESULT {
-        s_seen = reinterpret_cast<MSG *>(lParam)->wParam;
+    static WPARAM s_seenByAnsi;
+    Install(1, WH_MSGFILTER, [](int, WPARAM, LPARAM lParam) -> LRESULT {
+        s_seenByAnsi = reinterpret_cast<MSG *>(lParam)->wParam;
         return 0;
     });
-    MSG msg = {};
-    msg.message = kWmChar;
-    msg.wParam = 'x';
-    CallWindowsHook(WH_MSGFILTER, MSGF_DIALOGBOX, 0, reinterpret_cast<LPARAM>(&msg), TRUE);
-    EXPECT_EQ(s_seen, (WPARAM)'x');
-    EXPECT_EQ(msg.wParam, (WPARAM)'x') << "untouched message is left as it was";
-    msg.message = kWmKeyDown;
-    msg.wParam = 0x1234;
-    CallWindowsHook(WH_MSGFILTER, MSGF_DIALOGBOX, 0, reinterpret_cast<LPARAM>(&msg), TRUE);
-    EXPECT_EQ(s_seen, (WPARAM)0x1234) << "only character messages are converted";
+    MSG wideMsg = {};
+    wideMsg.message = kWmChar;
+    wideMsg.wParam = 'x';
+    CallWindowsHook(WH_MSGFILTER, MSGF_DIALOGBOX, 0, reinterpret_cast<LPARAM>(&wideMsg), TRUE);
+    EXPECT_EQ(s_seenByAnsi, (WPARAM)'x');
+    EXPECT_EQ(wideMsg.wParam, (WPARAM)'x') << "untouched message is left as it was";
+    wideMsg.message = kWmKeyDown;
+    wideMsg.wParam = 0x1234;
+    CallWindowsHook(WH_MSGFILTER, MSGF_DIALOGBOX, 0, reinterpret_cast<LPARAM>(&wideMsg), TRUE);
+    EXPECT_EQ(s_seenByAnsi, (WPARAM)0x1234) << "only character messages are converted";
 }
 
 TEST_F(Hooks, CallMsgFilterRunsSystemThenThreadFilters)

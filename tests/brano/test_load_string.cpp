@@ -89,7 +89,7 @@ TEST(LoadStringW, StringsFromSeveralBlocksInUtf16TruncatedToBufferMinusOne)
     EXPECT_EQ(result, 0);
 }
 
-TEST(LoadStringW, ZeroSizeReturnsPointerIntoResource)
+TEST(LoadStringW, ZeroSizeReturnsAPointerIntoTheResourceMissingAndEmptyStringsNothing)
 {
     const WCHAR *text = nullptr;
     const int length = LoadStringW(nullptr, IDS_HELLO, reinterpret_cast<LPWSTR>(&text), 0);
@@ -99,19 +99,16 @@ TEST(LoadStringW, ZeroSizeReturnsPointerIntoResource)
     HRSRC block = FindResourceA(nullptr, MAKEINTRESOURCEA(IDS_HELLO / 16 + 1), MAKEINTRESOURCEA(6));
     const BYTE *data = static_cast<const BYTE *>(LockResource(LoadResource(nullptr, block)));
     EXPECT_EQ(reinterpret_cast<const BYTE *>(text), data + 4) << "points at the stored string";
-}
 
-TEST(LoadStringW, MissingAndEmptyStrings)
-{
     for (UINT id : {IDS_EMPTY, IDS_MISSING_IN_BLOCK, IDS_MISSING_BLOCK}) {
         SCOPED_TRACE(id);
         int result = -1;
         EXPECT_FAILS_WITH(LoadW(id, 8, &result), u"", ERROR_RESOURCE_NAME_NOT_FOUND);
         EXPECT_EQ(result, 0);
     }
-    const WCHAR *text = reinterpret_cast<const WCHAR *>(&text);
-    EXPECT_EQ(LoadStringW(nullptr, IDS_MISSING_BLOCK, reinterpret_cast<LPWSTR>(&text), 0), 0);
-    EXPECT_EQ(text, nullptr);
+    const WCHAR *missing = reinterpret_cast<const WCHAR *>(&missing);
+    EXPECT_EQ(LoadStringW(nullptr, IDS_MISSING_BLOCK, reinterpret_cast<LPWSTR>(&missing), 0), 0);
+    EXPECT_EQ(missing, nullptr);
 }
 
 TEST(LoadStringW, BadArguments)

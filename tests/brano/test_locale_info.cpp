@@ -84,7 +84,7 @@ TEST(LocaleInfo, GermanConventions)
     });
 }
 
-TEST(LocaleInfo, EastAsianAndOtherLocales)
+TEST(LocaleInfo, EastAsianOtherLanguageNeutralAndInvariantLocales)
 {
     ExpectInfo(kJapanese, {
         {LOCALE_SSHORTDATE, "yyyy/MM/dd"}, {LOCALE_IDATE, "2"}, {LOCALE_SINTLSYMBOL, "JPY"}, {LOCALE_ICURRDIGITS, "0"},
@@ -97,18 +97,13 @@ TEST(LocaleInfo, EastAsianAndOtherLocales)
     EXPECT_EQ(Info(0x0404, LOCALE_IDEFAULTANSICODEPAGE), "950");
     ExpectInfo(kRussian, {{LOCALE_IDEFAULTANSICODEPAGE, "1251"}, {LOCALE_IDEFAULTCODEPAGE, "866"}});
     EXPECT_EQ(Info(kHindi, LOCALE_SGROUPING), "3;2;0");
-}
-
-TEST(LocaleInfo, LanguageNeutralAndInvariantIdentifiers)
-{
     // A language without a sublanguage behaves as its main country.
     EXPECT_EQ(Info(0x0009, LOCALE_SISO3166CTRYNAME), "US");
     EXPECT_EQ(Info(0x0007, LOCALE_SENGCOUNTRY), "Germany");
-    EXPECT_EQ(Info(LOCALE_INVARIANT, LOCALE_SENGLANGUAGE), "Invariant Language");
-    EXPECT_EQ(Info(LOCALE_INVARIANT, LOCALE_SENGCOUNTRY), "Invariant Country");
-    EXPECT_EQ(Info(LOCALE_INVARIANT, LOCALE_SISO639LANGNAME), "iv");
-    EXPECT_EQ(Info(LOCALE_INVARIANT, LOCALE_SDECIMAL), ".");
-    EXPECT_EQ(Info(LOCALE_INVARIANT, LOCALE_ILANGUAGE), "007f");
+    ExpectInfo(LOCALE_INVARIANT, {
+        {LOCALE_SENGLANGUAGE, "Invariant Language"}, {LOCALE_SENGCOUNTRY, "Invariant Country"},
+        {LOCALE_SISO639LANGNAME, "iv"}, {LOCALE_SDECIMAL, "."}, {LOCALE_ILANGUAGE, "007f"},
+    });
     // Sort identifiers do not change locale information.
     EXPECT_EQ(Info(MAKELCID(kGerman, 1), LOCALE_SENGLANGUAGE), "German");
 }
@@ -138,15 +133,7 @@ TEST(LocaleInfo, BadArguments)
     EXPECT_FAILS_WITH(GetLocaleInfoA(kEnglishUs, 0, buffer, 16), 0, ERROR_INVALID_FLAGS);
 }
 
-TEST(LocaleInfo, ModifierFlagsAndSuccessLeaveTheValueAndTheLastErrorAlone)
-{
-    SetLastError(0xBEEF);
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SDECIMAL | LOCALE_NOUSEROVERRIDE), ".");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SDECIMAL | LOCALE_USE_CP_ACP), ".");
-    EXPECT_EQ(GetLastError(), 0xBEEFu);
-}
-
-TEST(LocaleInfo, ReturnNumberWritesADwordAndNeedsRoomAndANumericType)
+TEST(LocaleInfo, ReturnNumberWritesADwordOtherModifiersAndSuccessLeaveValueAndLastErrorAlone)
 {
     DWORD number = 0;
     EXPECT_EQ(GetLocaleInfoA(kEnglishUs, LOCALE_ILANGUAGE | LOCALE_RETURN_NUMBER, (LPSTR)&number, sizeof number),
@@ -162,6 +149,11 @@ TEST(LocaleInfo, ReturnNumberWritesADwordAndNeedsRoomAndANumericType)
     EXPECT_EQ(small[3], '#');
     EXPECT_FAILS_WITH(GetLocaleInfoA(kEnglishUs, LOCALE_SDECIMAL | LOCALE_RETURN_NUMBER, small, 8), 0,
                       ERROR_INVALID_FLAGS);
+
+    SetLastError(0xBEEF);
+    EXPECT_EQ(Info(kEnglishUs, LOCALE_SDECIMAL | LOCALE_NOUSEROVERRIDE), ".");
+    EXPECT_EQ(Info(kEnglishUs, LOCALE_SDECIMAL | LOCALE_USE_CP_ACP), ".");
+    EXPECT_EQ(GetLastError(), 0xBEEFu);
 }
 
 // ---- The process locale (checked in child processes) ------------------------

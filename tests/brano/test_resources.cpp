@@ -296,7 +296,7 @@ TEST(ResourceRegistration, RegisteredDataIsFoundAndWithdrawn)
     EXPECT_FAILS_WITH(BranoUnregisterModuleResources(module, file.Bytes().data()), FALSE, ERROR_INVALID_PARAMETER);
 }
 
-TEST(ResourceRegistration, BlocksOfOneModuleAddUp)
+TEST(ResourceRegistration, BlocksOfOneModuleAddUpAndMisalignedDataIsServedAligned)
 {
     ResFileBuilder first;
     first.Add(kRtRcData, 1, "one").Add(kRtRcData, 3, "first three");
@@ -317,23 +317,20 @@ TEST(ResourceRegistration, BlocksOfOneModuleAddUp)
     ASSERT_NE(three, nullptr);
     EXPECT_EQ(SizeofResource(module, three), 12u);
     EXPECT_TRUE(BranoUnregisterModuleResources(module, second.Bytes().data()));
-}
 
-TEST(ResourceRegistration, MisalignedDataIsServedAligned)
-{
-    ResFileBuilder file;
-    file.Add(kRtRcData, 5, "aligned please");
-    std::vector<BYTE> storage(file.Bytes().size() + 1);
-    std::memcpy(&storage[1], file.Bytes().data(), file.Bytes().size());
-    HMODULE module = FakeModule(2);
-    ASSERT_TRUE(BranoRegisterModuleResources(module, &storage[1], file.Bytes().size()));
-    HRSRC resource = FindResourceA(module, Id(5), Id(kRtRcData));
+    ResFileBuilder misaligned;
+    misaligned.Add(kRtRcData, 5, "aligned please");
+    std::vector<BYTE> storage(misaligned.Bytes().size() + 1);
+    std::memcpy(&storage[1], misaligned.Bytes().data(), misaligned.Bytes().size());
+    HMODULE other = FakeModule(2);
+    ASSERT_TRUE(BranoRegisterModuleResources(other, &storage[1], misaligned.Bytes().size()));
+    HRSRC resource = FindResourceA(other, Id(5), Id(kRtRcData));
     ASSERT_NE(resource, nullptr);
-    const void *data = LockResource(LoadResource(module, resource));
+    const void *data = LockResource(LoadResource(other, resource));
     ASSERT_NE(data, nullptr);
     EXPECT_EQ(reinterpret_cast<uintptr_t>(data) % 4, 0u);
     EXPECT_EQ(std::memcmp(data, "aligned please", 14), 0);
-    EXPECT_TRUE(BranoUnregisterModuleResources(module, &storage[1]));
+    EXPECT_TRUE(BranoUnregisterModuleResources(other, &storage[1]));
 }
 
 TEST(ResourceRegistration, MalformedDataIsRejected)

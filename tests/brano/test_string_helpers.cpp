@@ -40,7 +40,7 @@ constexpr LCID kSwedish = 0x041D;
 
 // ---- Lengths and copies ------------------------------------------------------
 
-TEST(StringCopy, LengthsCopiesAndAppends)
+TEST(StringCopy, LengthsCopiesAndAppendsAndNullArgumentsGiveNullWithoutFaulting)
 {
     EXPECT_EQ(lstrlenA(nullptr), 0);
     EXPECT_EQ(lstrlenW(nullptr), 0);
@@ -54,22 +54,19 @@ TEST(StringCopy, LengthsCopiesAndAppends)
     EXPECT_EQ(lstrcpyW(wide, W(u"ab")), wide);
     EXPECT_EQ(lstrcatW(wide, W(u"\u00E9")), wide);
     EXPECT_EQ(U(wide), u"ab\u00E9");
-}
 
-TEST(StringCopy, NullArgumentsGiveNullWithoutFaulting)
-{
-    char bytes[8] = "keep";
-    WCHAR wide[8] = {'k', 0};
+    char kept[8] = "keep";
+    WCHAR keptWide[8] = {'k', 0};
     EXPECT_EQ(lstrcpyA(nullptr, "x"), nullptr);
-    EXPECT_EQ(lstrcpyA(bytes, nullptr), nullptr);
-    EXPECT_EQ(lstrcpyW(wide, nullptr), nullptr);
+    EXPECT_EQ(lstrcpyA(kept, nullptr), nullptr);
+    EXPECT_EQ(lstrcpyW(keptWide, nullptr), nullptr);
     EXPECT_EQ(lstrcatA(nullptr, "x"), nullptr);
-    EXPECT_EQ(lstrcatA(bytes, nullptr), nullptr);
+    EXPECT_EQ(lstrcatA(kept, nullptr), nullptr);
     EXPECT_EQ(lstrcatW(nullptr, W(u"x")), nullptr);
     EXPECT_EQ(lstrcpynA(nullptr, "x", 4), nullptr);
-    EXPECT_EQ(lstrcpynA(bytes, nullptr, 4), nullptr);
-    EXPECT_EQ(lstrcpynW(wide, nullptr, 4), nullptr);
-    EXPECT_STREQ(bytes, "keep");
+    EXPECT_EQ(lstrcpynA(kept, nullptr, 4), nullptr);
+    EXPECT_EQ(lstrcpynW(keptWide, nullptr, 4), nullptr);
+    EXPECT_STREQ(kept, "keep");
 }
 
 TEST(StringCopy, BoundedCopyTruncatesAndTerminatesAndASizeBelowOneWritesNothing)
@@ -119,12 +116,13 @@ TEST(MulDiv, RoundsHalfAwayFromZeroWithA64BitIntermediateAndFailsWithMinusOne)
 {
     // {number, numerator, denominator, result}
     const int cases[][4] = {
-        {1, 1, 2, 1},     {-1, 1, 2, -1},   {1, -1, 2, -1},  {1, 1, -2, -1},  {-1, -1, -2, -1},
-        {5, 3, 4, 4},     {5, 1, 4, 1},     {-5, 3, 4, -4},  {-5, 1, 4, -1},  {3, 1, 2, 2},
-        {-3, 1, 2, -2},   {2, 1, 3, 1},     {1, 1, 3, 0},    {96, 72, 96, 72}, {100000, 100000, 1000, 10000000},
-        {INT_MAX, INT_MAX, INT_MAX, INT_MAX}, {INT_MIN, 1, 1, INT_MIN},
+        // Halves round away from zero, whatever the signs.
+        {1, 1, 2, 1}, {-1, 1, 2, -1}, {1, -1, 2, -1}, {1, 1, -2, -1}, {-1, -1, -2, -1}, {3, 1, 2, 2}, {-3, 1, 2, -2},
+        {5, 3, 4, 4}, {5, 1, 4, 1}, {-5, 3, 4, -4}, {-5, 1, 4, -1}, {2, 1, 3, 1}, {1, 1, 3, 0}, {96, 72, 96, 72},
+        // The product is 64 bits wide.
+        {100000, 100000, 1000, 10000000}, {INT_MAX, INT_MAX, INT_MAX, INT_MAX}, {INT_MIN, 1, 1, INT_MIN},
         // Division by zero and results that do not fit.
-        {5, 5, 0, -1},    {0, 0, 0, -1},    {INT_MAX, 2, 1, -1}, {INT_MIN, -1, 1, -1}, {INT_MIN, 2, 1, -1},
+        {5, 5, 0, -1}, {0, 0, 0, -1}, {INT_MAX, 2, 1, -1}, {INT_MIN, -1, 1, -1}, {INT_MIN, 2, 1, -1},
     };
     for (const auto &c : cases)
         EXPECT_EQ(MulDiv(c[0], c[1], c[2]), c[3]) << c[0] << " * " << c[1] << " / " << c[2];
@@ -148,7 +146,7 @@ TEST(CompareString, OrdersLinguisticallyByTheLocale)
     EXPECT_EQ(Compare(LOCALE_INVARIANT, 0, u"a", u"B"), CSTR_LESS_THAN);
 }
 
-TEST(CompareString, CaseAndAccentFlags)
+TEST(CompareString, CaseAccentSymbolKanaWidthAndDigitFlagsAndWordSort)
 {
     EXPECT_EQ(Compare(kEnglishUs, NORM_IGNORECASE, u"Hello", u"hELLO"), CSTR_EQUAL);
     EXPECT_EQ(Compare(kEnglishUs, 0, u"caf\u00E9", u"cafe"), CSTR_GREATER_THAN);
@@ -159,10 +157,6 @@ TEST(CompareString, CaseAndAccentFlags)
     EXPECT_EQ(Compare(kEnglishUs, NORM_IGNORENONSPACE | NORM_IGNORECASE, u"caf\u00E9", u"CAFE"), CSTR_EQUAL);
     // Precomposed and decomposed forms are the same text.
     EXPECT_EQ(Compare(kEnglishUs, 0, u"\u00E9", u"e\u0301"), CSTR_EQUAL);
-}
-
-TEST(CompareString, WordSortKeepsHyphenatedWordsTogether)
-{
     EXPECT_EQ(Compare(kEnglishUs, 0, u"coo", u"co-op"), CSTR_LESS_THAN);
     EXPECT_EQ(Compare(kEnglishUs, 0, u"co-op", u"cop"), CSTR_LESS_THAN);
     EXPECT_EQ(Compare(kEnglishUs, 0, u"it's", u"itself"), CSTR_LESS_THAN);
@@ -170,10 +164,6 @@ TEST(CompareString, WordSortKeepsHyphenatedWordsTogether)
     EXPECT_NE(Compare(kEnglishUs, 0, u"co-op", u"coop"), CSTR_EQUAL);
     // String sort treats the hyphen as a symbol, before all letters.
     EXPECT_EQ(Compare(kEnglishUs, SORT_STRINGSORT, u"co-op", u"coo"), CSTR_LESS_THAN);
-}
-
-TEST(CompareString, SymbolKanaWidthAndDigitFlags)
-{
     EXPECT_EQ(Compare(kEnglishUs, NORM_IGNORESYMBOLS, u"a.b, c!", u"abc"), CSTR_EQUAL);
     EXPECT_NE(Compare(kEnglishUs, 0, u"a.b", u"ab"), CSTR_EQUAL);
     EXPECT_NE(Compare(kEnglishUs, 0, u"\u30AB", u"\u304B"), CSTR_EQUAL);
@@ -280,7 +270,7 @@ TEST(CharCase, StringsInPlaceOneToOneAndSingleCharactersInThePointer)
     EXPECT_EQ(CharLowerW(nullptr), nullptr);
 }
 
-TEST(CharNextPrev, StopAtTheEnds)
+TEST(CharNextPrev, StopAtTheEndsAndWideMovesOverCombiningMarksAndPairs)
 {
     const WCHAR *text = W(u"ab");
     EXPECT_EQ(CharNextW(text), text + 1);
@@ -295,16 +285,12 @@ TEST(CharNextPrev, StopAtTheEnds)
     EXPECT_EQ(CharPrevA(ansi, ansi + 2), ansi + 1);
     EXPECT_EQ(CharPrevA(ansi, ansi), ansi);
     EXPECT_EQ(CharNextA(nullptr), nullptr);
-}
-
-TEST(CharNextPrev, WideMovesOverCombiningMarksAndPairs)
-{
-    const WCHAR *text = W(u"a\u030A\u0301b\U0001F600c");
-    EXPECT_EQ(CharNextW(text), text + 3);
-    EXPECT_EQ(CharNextW(text + 3), text + 4);
-    EXPECT_EQ(CharNextW(text + 4), text + 6);
-    EXPECT_EQ(CharPrevW(text, text + 3), text);
-    EXPECT_EQ(CharPrevW(text, text + 6), text + 4);
+    const WCHAR *marked = W(u"a\u030A\u0301b\U0001F600c");
+    EXPECT_EQ(CharNextW(marked), marked + 3);
+    EXPECT_EQ(CharNextW(marked + 3), marked + 4);
+    EXPECT_EQ(CharNextW(marked + 4), marked + 6);
+    EXPECT_EQ(CharPrevW(marked, marked + 3), marked);
+    EXPECT_EQ(CharPrevW(marked, marked + 6), marked + 4);
     // A mark at the very start stays where it is.
     const WCHAR *mark = W(u"\u0301x");
     EXPECT_EQ(CharPrevW(mark, mark + 1), mark);

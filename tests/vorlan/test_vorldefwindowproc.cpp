@@ -174,7 +174,7 @@ TEST_F(DefaultProcedure, MouseActivateActivatesATopLevelWindowAndAsksAChildsPare
     EXPECT_EQ(asked[0].lParam, lParam);
 }
 
-TEST_F(DefaultProcedure, PosChangingKeepsASizableWindowWithinTrackingLimits)
+TEST_F(DefaultProcedure, PosChangingKeepsSizableWindowsWithinTrackingLimitsAndLeavesOthersAlone)
 {
     const HWND hwnd = recorder.Create(WS_OVERLAPPED, 0, 0, 200, 200);
     ASSERT_NE(hwnd, nullptr);
@@ -190,28 +190,7 @@ TEST_F(DefaultProcedure, PosChangingKeepsASizableWindowWithinTrackingLimits)
     EXPECT_EQ(large.cx, 1024);
     EXPECT_EQ(large.cy, 768);
 
-    // The window's answer to WM_GETMINMAXINFO sets the limits; the maximum
-    // wins over the minimum.
-    MINMAXINFO offered = {};
-    recorder.Answer(WM_GETMINMAXINFO, [&](HWND, WPARAM, LPARAM lParam) {
-        auto *mmi = reinterpret_cast<MINMAXINFO *>(lParam);
-        offered = *mmi;
-        mmi->ptMinTrackSize = {250, 120};
-        mmi->ptMaxTrackSize = {240, 400};
-        return 0;
-    });
-    WINDOWPOS answered = SizeChange(hwnd, 10, 500);
-    DefWindowProcW(hwnd, WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LPARAM>(&answered));
-    EXPECT_EQ(offered.ptMinTrackSize.x, 100);
-    EXPECT_EQ(offered.ptMinTrackSize.y, 30);
-    EXPECT_EQ(offered.ptMaxTrackSize.x, 1024);
-    EXPECT_EQ(offered.ptMaxTrackSize.y, 768);
-    EXPECT_EQ(answered.cx, 240);
-    EXPECT_EQ(answered.cy, 400);
-}
-
-TEST_F(DefaultProcedure, PosChangingLeavesFixedSizeWindowsAndNoSizeChangesAlone)
-{
+    // Fixed-size windows and changes without a size are left alone.
     const HWND popup = recorder.Create(WS_POPUP, 0, 0, 200, 200);
     const HWND child = recorder.Create(WS_CHILD, 0, 0, 50, 50, popup);
     const HWND sizablePopup = recorder.Create(WS_POPUP | WS_THICKFRAME, 0, 0, 200, 200);
@@ -234,9 +213,28 @@ TEST_F(DefaultProcedure, PosChangingLeavesFixedSizeWindowsAndNoSizeChangesAlone)
     EXPECT_EQ(noSize.cx, 10);
     EXPECT_EQ(noSize.cy, 5);
     EXPECT_EQ(DefWindowProcW(sizablePopup, WM_WINDOWPOSCHANGING, 0, 0), 0);
+
+    // The window's answer to WM_GETMINMAXINFO sets the limits; the maximum
+    // wins over the minimum.
+    MINMAXINFO offered = {};
+    recorder.Answer(WM_GETMINMAXINFO, [&](HWND, WPARAM, LPARAM lParam) {
+        auto *mmi = reinterpret_cast<MINMAXINFO *>(lParam);
+        offered = *mmi;
+        mmi->ptMinTrackSize = {250, 120};
+        mmi->ptMaxTrackSize = {240, 400};
+        return 0;
+    });
+    WINDOWPOS answered = SizeChange(hwnd, 10, 500);
+    DefWindowProcW(hwnd, WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LPARAM>(&answered));
+    EXPECT_EQ(offered.ptMinTrackSize.x, 100);
+    EXPECT_EQ(offered.ptMinTrackSize.y, 30);
+    EXPECT_EQ(offered.ptMaxTrackSize.x, 1024);
+    EXPECT_EQ(offered.ptMaxTrackSize.y, 768);
+    EXPECT_EQ(answered.cx, 240);
+    EXPECT_EQ(answered.cy, 400);
 }
 
-TEST_F(DefaultProcedure, PosChangedReportsTheClientOriginAndSize)
+TEST_F(DefaultProcedure, PosChangedReportsTheClientOriginAndSizeUnlessThePrivateFlagsSayTheyStayed)
 {
     const HWND parent = recorder.Create(WS_POPUP, 40, 50, 300, 200);
     // A border of one pixel puts the client area inside the window.
@@ -260,23 +258,20 @@ TEST_F(DefaultProcedure, PosChangedReportsTheClientOriginAndSize)
     DefWindowProcW(parent, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&top));
     ASSERT_EQ(recorder.Of(parent, WM_MOVE).size(), 1u);
     EXPECT_EQ(recorder.Of(parent, WM_MOVE)[0].lParam, MAKELPARAM(40, 50));
-}
 
-TEST_F(DefaultProcedure, PosChangedSkipsWhatThePrivateFlagsSayStayed)
-{
-    const HWND hwnd = Popup();
+    const HWND popup = Popup();
     const UINT kClientSizeStays = 0x800;
     const UINT kClientStays = 0x1000;
-    WINDOWPOS sizeStays = SizeChange(hwnd, 50, 50, SWP_NOZORDER | kClientSizeStays);
-    DefWindowProcW(hwnd, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&sizeStays));
-    EXPECT_EQ(recorder.Sequence({hwnd}), (std::vector<std::string>{"0:MOVE"}));
+    WINDOWPOS sizeStays = SizeChange(popup, 50, 50, SWP_NOZORDER | kClientSizeStays);
+    DefWindowProcW(popup, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&sizeStays));
+    EXPECT_EQ(recorder.Sequence({popup}), (std::vector<std::string>{"0:MOVE"}));
     recorder.Clear();
-    WINDOWPOS placeStays = SizeChange(hwnd, 50, 50, SWP_NOZORDER | kClientStays);
-    DefWindowProcW(hwnd, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&placeStays));
-    EXPECT_EQ(recorder.Sequence({hwnd}), (std::vector<std::string>{"0:SIZE"}));
+    WINDOWPOS placeStays = SizeChange(popup, 50, 50, SWP_NOZORDER | kClientStays);
+    DefWindowProcW(popup, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&placeStays));
+    EXPECT_EQ(recorder.Sequence({popup}), (std::vector<std::string>{"0:SIZE"}));
     recorder.Clear();
-    WINDOWPOS bothStay = SizeChange(hwnd, 50, 50, SWP_NOZORDER | kClientStays | kClientSizeStays);
-    DefWindowProcW(hwnd, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&bothStay));
+    WINDOWPOS bothStay = SizeChange(popup, 50, 50, SWP_NOZORDER | kClientStays | kClientSizeStays);
+    DefWindowProcW(popup, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&bothStay));
     EXPECT_TRUE(recorder.messages().empty());
 }
 

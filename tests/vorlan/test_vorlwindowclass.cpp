@@ -111,7 +111,7 @@ private:
 
 // ---- Registration ------------------------------------------------------------
 
-TEST(ClassRegistration, RoundTripByNameAndByAtom)
+TEST(ClassRegistration, RoundTripByNameAndByAtomAndClassesOfOneProcedureShareItsEntry)
 {
     const ATOM atom = RegisterWide(u"VorlanClassRoundTrip", Proc<1>);
     ASSERT_GE(atom, 0xC000);
@@ -131,6 +131,16 @@ TEST(ClassRegistration, RoundTripByNameAndByAtom)
     EXPECT_TRUE(UnregisterClassA(AsName(narrow), nullptr));
     EXPECT_EQ(FindClass(narrow), nullptr);
     EXPECT_EQ(FindAtomA("VorlanClassByAtom"), 0);
+
+    const ATOM sharedA = RegisterWide(u"VorlanSharedProcA", Proc<6>);
+    const UINT entries = g_nWndProcCount;
+    const ATOM sharedB = RegisterWide(u"VorlanSharedProcB", Proc<6>);
+    ASSERT_NE(sharedA, 0);
+    ASSERT_NE(sharedB, 0);
+    EXPECT_EQ(FindClass(sharedA)->nIdWndProc, FindClass(sharedB)->nIdWndProc);
+    EXPECT_EQ(g_nWndProcCount, entries);
+    UnregisterClassA(AsName(sharedA), nullptr);
+    UnregisterClassA(AsName(sharedB), nullptr);
 }
 
 TEST(ClassRegistration, DuplicateNamesInAnyCaseAreRefusedAndKeepTheAtomCount)
@@ -147,20 +157,7 @@ TEST(ClassRegistration, DuplicateNamesInAnyCaseAreRefusedAndKeepTheAtomCount)
     EXPECT_EQ(FindAtomA("VorlanDuplicateClass"), 0) << "one count, given back once";
 }
 
-TEST(ClassRegistration, SameProcedureSharesOneEntry)
-{
-    const ATOM a = RegisterWide(u"VorlanSharedProcA", Proc<6>);
-    const UINT count = g_nWndProcCount;
-    const ATOM b = RegisterWide(u"VorlanSharedProcB", Proc<6>);
-    ASSERT_NE(a, 0);
-    ASSERT_NE(b, 0);
-    EXPECT_EQ(FindClass(a)->nIdWndProc, FindClass(b)->nIdWndProc);
-    EXPECT_EQ(g_nWndProcCount, count);
-    UnregisterClassA(AsName(a), nullptr);
-    UnregisterClassA(AsName(b), nullptr);
-}
-
-TEST(ClassRegistration, MenuNameNumberOrCopy)
+TEST(ClassRegistration, MenuNameNumberOrCopyAndExFormsTakeTheSmallIcon)
 {
     WNDCLASSA wc = {};
     wc.lpfnWndProc = Proc<7>;
@@ -179,10 +176,7 @@ TEST(ClassRegistration, MenuNameNumberOrCopy)
     EXPECT_EQ(Text(FindClass(named)->pszMenuName), u"MainMenu") << "an owned UTF-16 copy";
     EXPECT_TRUE(UnregisterClassA(AsName(numbered), nullptr));
     EXPECT_TRUE(UnregisterClassA(AsName(named), nullptr));
-}
 
-TEST(ClassRegistration, ExFormsTakeTheSmallIcon)
-{
     WNDCLASSEXW wcx = {};
     wcx.cbSize = sizeof wcx;
     wcx.lpfnWndProc = Proc<8>;
@@ -218,7 +212,7 @@ TEST(ClassRegistration, BadArgumentsAndANegativeExtraSizeGive87)
     EXPECT_FAILS_WITH(UnregisterClassW(nullptr, nullptr), FALSE, ERROR_INVALID_PARAMETER);
 }
 
-TEST(ClassRegistration, UnregisterUnknownGives1411)
+TEST(ClassRegistration, UnregisterGives1411ForAnUnknownClassAnd1412ForOneWithAWindow)
 {
     EXPECT_FAILS_WITH(UnregisterClassA("VorlanNeverRegistered", nullptr), FALSE, ERROR_CLASS_DOES_NOT_EXIST);
     const ATOM plain = AddAtomA("VorlanAtomButNoClass");
@@ -226,10 +220,7 @@ TEST(ClassRegistration, UnregisterUnknownGives1411)
     EXPECT_EQ(FindAtomA("VorlanAtomButNoClass"), plain) << "an atom that is no class is left alone";
     DeleteAtom(plain);
     EXPECT_FAILS_WITH(UnregisterClassA(AsName(0x7123), nullptr), FALSE, ERROR_CLASS_DOES_NOT_EXIST);
-}
 
-TEST(ClassRegistration, UnregisterWithAWindowGives1412)
-{
     const ATOM atom = RegisterNarrow("VorlanClassWithWindow", Proc<11>);
     ASSERT_NE(atom, 0);
     {
@@ -292,39 +283,36 @@ TEST_F(ClassLongs, FieldsReadBackAndSettingReturnsTheOldValue)
     EXPECT_EQ(FindClass(atom)->atom, atom);
 }
 
-TEST_F(ClassLongs, ProcedureOnTheSideAskedFor)
+TEST_F(ClassLongs, ProcedureOnTheSideAskedForAndSettingItLeavesWindowsAlone)
 {
     ClassWindow window(atom);
     EXPECT_EQ(GetClassLongPtrW(window.hwnd(), GCLP_WNDPROC), reinterpret_cast<ULONG_PTR>(Proc<20>));
     const ULONG_PTR forAnsi = GetClassLongPtrA(window.hwnd(), GCLP_WNDPROC);
     EXPECT_TRUE(IsWndProcId(static_cast<LONG_PTR>(forAnsi))) << "no ANSI procedure: the id";
     EXPECT_EQ(CallWindowProcA(reinterpret_cast<WNDPROC>(forAnsi), window.hwnd(), WM_USER, 0, 0), 2020);
-}
 
-TEST_F(ClassLongs, SettingTheProcedureLeavesWindowsAlone)
-{
-    ClassWindow window(atom);
+    ClassWindow other(atom);
     UINT windowProc;
     {
         GtkCriticalSection lock;
-        window.object()->nIdWndProc = FindClass(atom)->nIdWndProc;
-        windowProc = window.object()->nIdWndProc;
+        other.object()->nIdWndProc = FindClass(atom)->nIdWndProc;
+        windowProc = other.object()->nIdWndProc;
     }
-    EXPECT_EQ(SetClassLongPtrW(window.hwnd(), GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(Proc<21>)),
+    EXPECT_EQ(SetClassLongPtrW(other.hwnd(), GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(Proc<21>)),
               reinterpret_cast<ULONG_PTR>(Proc<20>));
     EXPECT_EQ(FindClass(atom)->nIdWndProc, AllocWndProcId(nullptr, Proc<21>));
-    EXPECT_EQ(window.object()->nIdWndProc, windowProc);
+    EXPECT_EQ(other.object()->nIdWndProc, windowProc);
 
-    const ULONG_PTR old = SetClassLongPtrA(window.hwnd(), GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(Proc<22>));
+    const ULONG_PTR old = SetClassLongPtrA(other.hwnd(), GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(Proc<22>));
     EXPECT_EQ(old, ULONG_PTR(AllocWndProcId(nullptr, Proc<21>))) << "the old one had no ANSI side";
     EXPECT_EQ(FindClass(atom)->nIdWndProc, AllocWndProcId(Proc<22>, nullptr));
-    EXPECT_EQ(GetClassLongPtrA(window.hwnd(), GCLP_WNDPROC), reinterpret_cast<ULONG_PTR>(Proc<22>));
+    EXPECT_EQ(GetClassLongPtrA(other.hwnd(), GCLP_WNDPROC), reinterpret_cast<ULONG_PTR>(Proc<22>));
 
-    EXPECT_FAILS_WITH(SetClassLongPtrW(window.hwnd(), GCLP_WNDPROC, 0), 0u, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(SetClassLongPtrW(other.hwnd(), GCLP_WNDPROC, 0), 0u, ERROR_INVALID_PARAMETER);
     EXPECT_EQ(FindClass(atom)->nIdWndProc, AllocWndProcId(Proc<22>, nullptr));
 }
 
-TEST_F(ClassLongs, SizesAndExtraBytesReadZero)
+TEST_F(ClassLongs, SizesAndExtraBytesReadZeroNarrowFormsRefusePointerIndexesBadHandlesGive1400)
 {
     ClassWindow window(atom);
     EXPECT_EQ(GetClassLongW(window.hwnd(), GCL_CBCLSEXTRA), 0u);
@@ -338,11 +326,7 @@ TEST_F(ClassLongs, SizesAndExtraBytesReadZero)
     EXPECT_EQ(wc->cbClsExtra, 8);
     const BYTE zeros[8] = {};
     EXPECT_EQ(std::memcmp(ClassExtraBytes(wc), zeros, sizeof zeros), 0) << "zeroed and never written";
-}
 
-TEST_F(ClassLongs, NarrowFormsRefusePointerIndexesAndBadHandlesGive1400)
-{
-    ClassWindow window(atom);
     EXPECT_FAILS_WITH(GetClassLongA(window.hwnd(), GCLP_WNDPROC), 0u, ERROR_INVALID_INDEX);
     EXPECT_FAILS_WITH(SetClassLongW(window.hwnd(), GCLP_HICON, 5), 0u, ERROR_INVALID_INDEX);
     EXPECT_EQ(FindClass(atom)->hIcon, FakeHandle<HICON>(0x1101));

@@ -73,7 +73,7 @@ TEST(WindowProcTable, EntriesAreSharedByProcedureAndByEitherHalfOfAPair)
     EXPECT_NE(AllocWndProcId(Proc<6>, Proc<4>), pair) << "same wide side, another ANSI side";
 }
 
-TEST(WindowProcTable, GetRealWndProcFillsEitherSideAndRefusesBadIds)
+TEST(WindowProcTable, GetRealWndProcFillsEitherSideRefusesBadIdsAndHasTheDefaultPair)
 {
     const UINT pair = AllocWndProcId(Proc<7>, Proc<8>);
     WNDPROC a = nullptr;
@@ -100,6 +100,15 @@ TEST(WindowProcTable, GetRealWndProcFillsEitherSideAndRefusesBadIds)
     EXPECT_FALSE(GetRealWndProc(kMaxWndProcs + 1, &a, &w));
     EXPECT_EQ(a, Proc<1>) << "untouched";
     EXPECT_EQ(w, Proc<2>) << "untouched";
+
+    const UINT fromAnsi = AllocWndProcId(DefWindowProcA, nullptr);
+    EXPECT_EQ(AllocWndProcId(nullptr, DefWindowProcW), fromAnsi);
+    WNDPROC defA = nullptr;
+    WNDPROC defW = nullptr;
+    ASSERT_TRUE(GetRealWndProc(fromAnsi, &defA, &defW));
+    EXPECT_EQ(defA, DefWindowProcA);
+    EXPECT_EQ(defW, DefWindowProcW);
+    EXPECT_EQ(fromAnsi, 9u) << "start-up made the pair for the desktop's class, after eight built-ins";
 }
 
 TEST(WindowProcTable, IdsAndAddressesToldApartByValueAndGetWndProcGivesTheSideOrTheId)
@@ -117,18 +126,6 @@ TEST(WindowProcTable, IdsAndAddressesToldApartByValueAndGetWndProcGivesTheSideOr
     const UINT pair = AllocWndProcId(Proc<12>, Proc<13>);
     EXPECT_EQ(GetWndProc(pair, FALSE), reinterpret_cast<LONG_PTR>(Proc<12>));
     EXPECT_EQ(GetWndProc(pair, TRUE), reinterpret_cast<LONG_PTR>(Proc<13>));
-}
-
-TEST(WindowProcTable, DefaultProcedureComesAsAPair)
-{
-    const UINT fromAnsi = AllocWndProcId(DefWindowProcA, nullptr);
-    EXPECT_EQ(AllocWndProcId(nullptr, DefWindowProcW), fromAnsi);
-    WNDPROC a = nullptr;
-    WNDPROC w = nullptr;
-    ASSERT_TRUE(GetRealWndProc(fromAnsi, &a, &w));
-    EXPECT_EQ(a, DefWindowProcA);
-    EXPECT_EQ(w, DefWindowProcW);
-    EXPECT_EQ(fromAnsi, 9u) << "start-up made the pair for the desktop's class, after eight built-ins";
 }
 
 // The child fills the table with distinct addresses; its exit status tells
@@ -252,7 +249,7 @@ LRESULT CALLBACK ThrowingProc(HWND, UINT, WPARAM, LPARAM)
 
 } // namespace
 
-TEST(WindowProcCalls, LockIsFreeWhileTheProcedureRuns)
+TEST(WindowProcCalls, LockIsFreeWhileTheProcedureRunsAndAnExceptionRestoresTheDepth)
 {
     g_otherThreadGotLock = false;
     {
@@ -265,10 +262,7 @@ TEST(WindowProcCalls, LockIsFreeWhileTheProcedureRuns)
     if (g_otherThread.valid())
         g_otherThread.wait();
     EXPECT_TRUE(g_otherThreadGotLock);
-}
 
-TEST(WindowProcCalls, ExceptionFromTheProcedureRestoresTheDepth)
-{
     GtkCriticalSection outer;
     GtkCriticalSection inner;
     EXPECT_THROW(CallWindowProcW(ThrowingProc, FakeWindow(), WM_USER, 0, 0), std::runtime_error);

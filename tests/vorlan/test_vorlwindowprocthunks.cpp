@@ -293,7 +293,7 @@ TEST_F(WindowProcThunks, W2A_StringMessagesKeepWParamAndListBoxGetTextGivesUnits
     EXPECT_EQ(g_seen.calls, 0);
 }
 
-TEST_F(WindowProcThunks, W2A_CharAndComboMessagesPassUnchanged)
+TEST_F(WindowProcThunks, CharComboAndOtherMessagesPassUnchangedBothWays)
 {
     EXPECT_EQ(SendW(WM_CHAR, 0xE9, reinterpret_cast<void *>(0x10001)), 55);
     EXPECT_EQ(g_seen.wParam, 0xE9u);
@@ -302,6 +302,15 @@ TEST_F(WindowProcThunks, W2A_CharAndComboMessagesPassUnchanged)
     EXPECT_EQ(g_seen.wParam, 0x4E2Du);
     EXPECT_EQ(SendW(CB_ADDSTRING, 1, kItem), 55);
     EXPECT_EQ(g_seen.lParam, reinterpret_cast<LPARAM>(kItem)) << "the caller's own pointer";
+
+    // ANSI caller, wide procedure.
+    const char *text = "abc";
+    EXPECT_EQ(SendA(CB_ADDSTRING, 6, text), 55);
+    EXPECT_EQ(g_seen.wParam, 6u);
+    EXPECT_EQ(g_seen.lParam, reinterpret_cast<LPARAM>(text));
+    EXPECT_EQ(SendA(WM_USER + 40, 7, reinterpret_cast<void *>(8)), 55);
+    EXPECT_EQ(g_seen.message, UINT(WM_USER + 40));
+    EXPECT_EQ(g_seen.lParam, 8);
 }
 
 // ---- ANSI caller, wide procedure ------------------------------------------------
@@ -398,17 +407,6 @@ TEST_F(WindowProcThunks, A2W_CharUnitBecomesOneAnsiByte)
         EXPECT_EQ(result, 0);
         EXPECT_EQ(g_seen.calls, 0) << "a unit of several bytes is not delivered";
     }
-}
-
-TEST_F(WindowProcThunks, A2W_OtherMessagesPassUnchanged)
-{
-    const char *text = "abc";
-    EXPECT_EQ(SendA(CB_ADDSTRING, 6, text), 55);
-    EXPECT_EQ(g_seen.wParam, 6u);
-    EXPECT_EQ(g_seen.lParam, reinterpret_cast<LPARAM>(text));
-    EXPECT_EQ(SendA(WM_USER + 40, 7, reinterpret_cast<void *>(8)), 55);
-    EXPECT_EQ(g_seen.message, UINT(WM_USER + 40));
-    EXPECT_EQ(g_seen.lParam, 8);
 }
 
 // The same WM_CHAR in a single-byte and in a multi-byte process page: one
