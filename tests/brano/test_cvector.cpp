@@ -65,7 +65,7 @@ TEST(CVector, AppendAndGetCopyWholeItems)
     }
 }
 
-TEST(CVector, GetAndSetOutOfRange)
+TEST(CVector, GetSetAndRemoveInAndOutOfRange)
 {
     std::unique_ptr<CVector> vector(IntsFrom({1, 2, 3}));
     int value = 77;
@@ -79,9 +79,23 @@ TEST(CVector, GetAndSetOutOfRange)
     EXPECT_EQ(Values(*vector), (std::vector<int>{1, 2, 77}));
     CVector empty(sizeof(int));
     EXPECT_FALSE(empty.Get(0, &value));
+
+    std::unique_ptr<CVector> ranges(IntsFrom({0, 1, 2, 3, 4, 5}));
+    EXPECT_TRUE(ranges->Remove(1));
+    EXPECT_EQ(Values(*ranges), (std::vector<int>{0, 2, 3, 4, 5}));
+    EXPECT_TRUE(ranges->Remove(1, 3));
+    EXPECT_EQ(Values(*ranges), (std::vector<int>{0, 5}));
+    EXPECT_FALSE(ranges->Remove(2));
+    EXPECT_FALSE(ranges->Remove(1, 2));
+    EXPECT_FALSE(ranges->Remove(1, UINT_MAX)) << "index + count overflows";
+    EXPECT_FALSE(ranges->Remove(UINT_MAX, 2));
+    EXPECT_TRUE(ranges->Remove(2, 0)) << "nothing at the end";
+    EXPECT_TRUE(ranges->Remove(0, 2));
+    EXPECT_EQ(ranges->Size(), 0u);
+    EXPECT_FALSE(ranges->Remove(0));
 }
 
-TEST(CVector, InsertAtEveryPosition)
+TEST(CVector, InsertAtEveryPositionAlsoFromItsOwnItems)
 {
     std::unique_ptr<CVector> vector(IntsFrom({1, 2, 3}));
     int value = 10;
@@ -95,41 +109,21 @@ TEST(CVector, InsertAtEveryPosition)
     EXPECT_FALSE(vector->Insert(UINT_MAX, &value));
     EXPECT_FALSE(vector->Insert(0, nullptr));
     EXPECT_EQ(vector->Size(), 6u);
-}
 
-TEST(CVector, InsertAndAppendOfItsOwnItem)
-{
-    std::unique_ptr<CVector> vector(IntsFrom({5}));
     // Each append may move the storage while the source is inside it.
+    std::unique_ptr<CVector> fives(IntsFrom({5}));
     for (int i = 0; i < 100; ++i) {
-        int *items = static_cast<int *>(vector->Lock());
-        vector->Unlock();
-        ASSERT_TRUE(vector->Append(&items[0]));
+        int *items = static_cast<int *>(fives->Lock());
+        fives->Unlock();
+        ASSERT_TRUE(fives->Append(&items[0]));
     }
-    int *items = static_cast<int *>(vector->Lock());
-    vector->Unlock();
-    ASSERT_TRUE(vector->Insert(0, &items[100]));
-    EXPECT_EQ(Values(*vector), std::vector<int>(102, 5));
+    int *items = static_cast<int *>(fives->Lock());
+    fives->Unlock();
+    ASSERT_TRUE(fives->Insert(0, &items[100]));
+    EXPECT_EQ(Values(*fives), std::vector<int>(102, 5));
 }
 
-TEST(CVector, RemoveRanges)
-{
-    std::unique_ptr<CVector> vector(IntsFrom({0, 1, 2, 3, 4, 5}));
-    EXPECT_TRUE(vector->Remove(1));
-    EXPECT_EQ(Values(*vector), (std::vector<int>{0, 2, 3, 4, 5}));
-    EXPECT_TRUE(vector->Remove(1, 3));
-    EXPECT_EQ(Values(*vector), (std::vector<int>{0, 5}));
-    EXPECT_FALSE(vector->Remove(2));
-    EXPECT_FALSE(vector->Remove(1, 2));
-    EXPECT_FALSE(vector->Remove(1, UINT_MAX)) << "index + count overflows";
-    EXPECT_FALSE(vector->Remove(UINT_MAX, 2));
-    EXPECT_TRUE(vector->Remove(2, 0)) << "nothing at the end";
-    EXPECT_TRUE(vector->Remove(0, 2));
-    EXPECT_EQ(vector->Size(), 0u);
-    EXPECT_FALSE(vector->Remove(0));
-}
-
-TEST(CVector, InitWithMemReplacesContent)
+TEST(CVector, InitWithMemReplacesContentAndInitChangesItemSize)
 {
     CVector vector(sizeof(int));
     const int values[] = {9, 8, 7, 6};
@@ -143,24 +137,21 @@ TEST(CVector, InitWithMemReplacesContent)
     EXPECT_EQ(vector.Size(), 2u);
     EXPECT_TRUE(vector.InitWithMem(nullptr, 0));
     EXPECT_EQ(vector.Size(), 0u);
-}
 
-TEST(CVector, InitChangesItemSize)
-{
-    std::unique_ptr<CVector> vector(IntsFrom({1, 2}));
-    EXPECT_FALSE(vector->Init(0)) << "items have a size";
-    EXPECT_EQ(vector->Size(), 2u);
-    EXPECT_TRUE(vector->Init(sizeof(double)));
-    EXPECT_EQ(vector->Size(), 0u);
-    EXPECT_EQ(vector->ItemSize(), sizeof(double));
+    ASSERT_TRUE(vector.InitWithMem(values, 2));
+    EXPECT_FALSE(vector.Init(0)) << "items have a size";
+    EXPECT_EQ(vector.Size(), 2u);
+    EXPECT_TRUE(vector.Init(sizeof(double)));
+    EXPECT_EQ(vector.Size(), 0u);
+    EXPECT_EQ(vector.ItemSize(), sizeof(double));
     const double pi = 3.25;
-    EXPECT_TRUE(vector->Append(&pi));
+    EXPECT_TRUE(vector.Append(&pi));
     double back = 0;
-    EXPECT_TRUE(vector->Get(0, &back));
+    EXPECT_TRUE(vector.Get(0, &back));
     EXPECT_EQ(back, pi);
 }
 
-TEST(CVector, AppendReserveAndResizeWithZeroing)
+TEST(CVector, AppendReserveAndResizeZeroNewItemsAndHugeRequestsFailCleanly)
 {
     CVector vector(sizeof(int), CVECTOR_ZERO_NEW);
     int *room = static_cast<int *>(vector.AppendReserve(3));
@@ -178,17 +169,19 @@ TEST(CVector, AppendReserveAndResizeWithZeroing)
     vector.Set(4, &room[1]);
     EXPECT_TRUE(vector.Resize(0));
     EXPECT_EQ(vector.Size(), 0u);
-}
 
-TEST(CVector, HugeRequestsFailCleanly)
-{
-    CVector vector(1 << 20);
-    EXPECT_FALSE(vector.Resize(UINT_MAX)) << "4 TiB cannot be allocated";
-    EXPECT_EQ(vector.Size(), 0u);
-    EXPECT_EQ(vector.AppendReserve(UINT_MAX), nullptr);
+    CVector huge(1 << 20);
+    EXPECT_FALSE(huge.Resize(UINT_MAX)) << "4 TiB cannot be allocated";
+    EXPECT_EQ(huge.Size(), 0u);
+    EXPECT_EQ(huge.AppendReserve(UINT_MAX), nullptr);
     CVector bytes(1);
     ASSERT_TRUE(bytes.Resize(10));
     EXPECT_EQ(bytes.SizeHuge(), 10u);
+    CVector zeroSized(0);
+    EXPECT_EQ(zeroSized.ItemSize(), 1u) << "a zero item size means one byte";
+    const char c = 'q';
+    EXPECT_TRUE(zeroSized.Append(&c));
+    EXPECT_EQ(zeroSized.SizeHuge(), 1u);
 }
 
 TEST(CVector, ZeroClearAndClone)
@@ -237,13 +230,4 @@ TEST(CVector, LockedVectorRefusesToMove)
     vector->Unlock();  // unbalanced unlock is ignored
     EXPECT_TRUE(vector->Append(&value));
     EXPECT_EQ(Values(*vector), (std::vector<int>{9, 2, 9, 9}));
-}
-
-TEST(CVector, ZeroItemSizeConstructorUsesOneByte)
-{
-    CVector vector(0);
-    EXPECT_EQ(vector.ItemSize(), 1u);
-    const char c = 'q';
-    EXPECT_TRUE(vector.Append(&c));
-    EXPECT_EQ(vector.SizeHuge(), 1u);
 }

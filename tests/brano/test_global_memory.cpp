@@ -2,6 +2,8 @@
 // validation, resizing; plus the host's plain OSLocalAlloc blocks.
 #include <windows.h>
 
+#include "expect_last_error.h"
+
 #include <cstdint>
 #include <cstring>
 #include <gtest/gtest.h>
@@ -25,31 +27,18 @@ bool AllBytesAre(const void *data, size_t size, BYTE value)
 
 void ExpectInvalidHandle(HGLOBAL handle)
 {
-    SetLastError(0);
-    EXPECT_EQ(GlobalLock(handle), nullptr);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_HANDLE);
-    SetLastError(0);
-    EXPECT_FALSE(GlobalUnlock(handle));
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_HANDLE);
-    SetLastError(0);
-    EXPECT_EQ(GlobalSize(handle), 0u);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_HANDLE);
-    SetLastError(0);
-    EXPECT_EQ(GlobalFlags(handle), (UINT)GMEM_INVALID_HANDLE);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_HANDLE);
-    SetLastError(0);
-    EXPECT_EQ(GlobalReAlloc(handle, 10, GMEM_MOVEABLE), nullptr);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_HANDLE);
-    if (handle != nullptr) {
-        SetLastError(0);
-        EXPECT_EQ(GlobalFree(handle), handle);
-        EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_HANDLE);
-    }
+    SCOPED_TRACE(handle);
+    EXPECT_FAILS_WITH(GlobalLock(handle), nullptr, ERROR_INVALID_HANDLE);
+    EXPECT_FAILS_WITH(GlobalUnlock(handle), FALSE, ERROR_INVALID_HANDLE);
+    EXPECT_FAILS_WITH(GlobalSize(handle), 0u, ERROR_INVALID_HANDLE);
+    EXPECT_FAILS_WITH(GlobalFlags(handle), (UINT)GMEM_INVALID_HANDLE, ERROR_INVALID_HANDLE);
+    EXPECT_FAILS_WITH(GlobalReAlloc(handle, 10, GMEM_MOVEABLE), nullptr, ERROR_INVALID_HANDLE);
+    EXPECT_FAILS_WITH(GlobalFree(handle), handle, ERROR_INVALID_HANDLE);
 }
 
 } // namespace
 
-TEST(GlobalMemory, FixedBlockHandleIsItsAddress)
+TEST(GlobalMemory, FixedBlockHandleIsItsAddressAndMayBeEmpty)
 {
     HGLOBAL block = GlobalAlloc(GMEM_FIXED, 100);
     ASSERT_NE(block, nullptr);
@@ -60,9 +49,13 @@ TEST(GlobalMemory, FixedBlockHandleIsItsAddress)
     EXPECT_EQ(GlobalHandle(block), block);
     std::memset(block, 0xAB, 100);
     EXPECT_EQ(GlobalFree(block), nullptr);
+    HGLOBAL empty = GlobalAlloc(GMEM_FIXED, 0);
+    ASSERT_NE(empty, nullptr);
+    EXPECT_EQ(GlobalSize(empty), 0u);
+    EXPECT_EQ(GlobalFree(empty), nullptr);
 }
 
-TEST(GlobalMemory, ZeroInitZeroes)
+TEST(GlobalMemory, ZeroInitZeroesAndTheShareFlagIsKept)
 {
     HGLOBAL fixed = GlobalAlloc(GPTR, 300);
     ASSERT_NE(fixed, nullptr);
@@ -75,9 +68,18 @@ TEST(GlobalMemory, ZeroInitZeroes)
     EXPECT_TRUE(AllBytesAre(data, 300, 0));
     GlobalUnlock(movable);
     GlobalFree(movable);
+    HGLOBAL shared = GlobalAlloc(GMEM_DDESHARE | GMEM_ZEROINIT | GMEM_MOVEABLE, 4096);
+    ASSERT_NE(shared, nullptr);
+    data = GlobalLock(shared);
+    ASSERT_NE(data, nullptr);
+    EXPECT_NE(data, shared);
+    EXPECT_TRUE(AllBytesAre(data, 4096, 0));
+    EXPECT_EQ(GlobalFlags(shared) & GMEM_DDESHARE, (UINT)GMEM_DDESHARE);
+    GlobalUnlock(shared);
+    GlobalFree(shared);
 }
 
-TEST(GlobalMemory, MovableHandleIsNotThePointer)
+TEST(GlobalMemory, MovableHandleIsNotThePointerAndCountsItsLocks)
 {
     HGLOBAL handle = GlobalAlloc(GMEM_MOVEABLE, 64);
     ASSERT_NE(handle, nullptr);
@@ -89,50 +91,30 @@ TEST(GlobalMemory, MovableHandleIsNotThePointer)
     EXPECT_EQ(GlobalSize(handle), 64u);
     EXPECT_FALSE(GlobalUnlock(handle));
     EXPECT_EQ(GlobalFree(handle), nullptr);
-}
 
-TEST(GlobalMemory, ShareZeroInitMovableFlags)
-{
-    HGLOBAL handle = GlobalAlloc(0x2042, 4096);
-    ASSERT_NE(handle, nullptr);
-    BYTE *data = static_cast<BYTE *>(GlobalLock(handle));
-    ASSERT_NE(data, nullptr);
-    EXPECT_NE(static_cast<void *>(data), handle);
-    EXPECT_TRUE(AllBytesAre(data, 4096, 0));
-    EXPECT_EQ(GlobalFlags(handle) & GMEM_DDESHARE, (UINT)GMEM_DDESHARE);
-    GlobalUnlock(handle);
-    GlobalFree(handle);
-}
-
-TEST(GlobalMemory, LockCountsAndUnlockResults)
-{
-    HGLOBAL handle = GlobalAlloc(GMEM_MOVEABLE, 16);
-    ASSERT_NE(handle, nullptr);
-    EXPECT_EQ(GlobalFlags(handle) & GMEM_LOCKCOUNT, 0u);
-    void *first = GlobalLock(handle);
-    void *second = GlobalLock(handle);
+    HGLOBAL counted = GlobalAlloc(GMEM_MOVEABLE, 16);
+    ASSERT_NE(counted, nullptr);
+    EXPECT_EQ(GlobalFlags(counted) & GMEM_LOCKCOUNT, 0u);
+    void *first = GlobalLock(counted);
+    void *second = GlobalLock(counted);
     EXPECT_EQ(first, second);
-    EXPECT_EQ(GlobalFlags(handle) & GMEM_LOCKCOUNT, 2u);
+    EXPECT_EQ(GlobalFlags(counted) & GMEM_LOCKCOUNT, 2u);
 
     SetLastError(12345);
-    EXPECT_TRUE(GlobalUnlock(handle)) << "still locked once";
-    EXPECT_EQ(GlobalFlags(handle) & GMEM_LOCKCOUNT, 1u);
+    EXPECT_TRUE(GlobalUnlock(counted)) << "still locked once";
+    EXPECT_EQ(GlobalFlags(counted) & GMEM_LOCKCOUNT, 1u);
     SetLastError(12345);
-    EXPECT_FALSE(GlobalUnlock(handle));
+    EXPECT_FALSE(GlobalUnlock(counted));
     EXPECT_EQ(GetLastError(), (DWORD)NO_ERROR) << "unlocked: FALSE with NO_ERROR";
-    SetLastError(0);
-    EXPECT_FALSE(GlobalUnlock(handle));
-    EXPECT_EQ(GetLastError(), kErrorNotLocked);
-    GlobalFree(handle);
+    EXPECT_FAILS_WITH(GlobalUnlock(counted), FALSE, kErrorNotLocked);
+    GlobalFree(counted);
 }
 
 TEST(GlobalMemory, ZeroSizedMovableBlockIsDiscarded)
 {
     HGLOBAL handle = GlobalAlloc(GMEM_MOVEABLE, 0);
     ASSERT_NE(handle, nullptr);
-    SetLastError(0);
-    EXPECT_EQ(GlobalLock(handle), nullptr);
-    EXPECT_EQ(GetLastError(), kErrorDiscarded);
+    EXPECT_FAILS_WITH(GlobalLock(handle), nullptr, kErrorDiscarded);
     EXPECT_EQ(GlobalSize(handle), 0u);
     EXPECT_EQ(GlobalFlags(handle) & GMEM_DISCARDED, (UINT)GMEM_DISCARDED);
     // Reallocating brings it back under the same handle.
@@ -145,15 +127,7 @@ TEST(GlobalMemory, ZeroSizedMovableBlockIsDiscarded)
     EXPECT_EQ(GlobalFree(handle), nullptr);
 }
 
-TEST(GlobalMemory, ZeroSizedFixedBlockIsValid)
-{
-    HGLOBAL block = GlobalAlloc(GMEM_FIXED, 0);
-    ASSERT_NE(block, nullptr);
-    EXPECT_EQ(GlobalSize(block), 0u);
-    EXPECT_EQ(GlobalFree(block), nullptr);
-}
-
-TEST(GlobalMemory, ReAllocMovableKeepsHandleAndContent)
+TEST(GlobalMemory, ReAllocMovableKeepsHandleAndContentAndMovesALockedBlockOnlyWhenAllowed)
 {
     HGLOBAL handle = GlobalAlloc(GMEM_MOVEABLE, 8);
     ASSERT_NE(handle, nullptr);
@@ -172,34 +146,27 @@ TEST(GlobalMemory, ReAllocMovableKeepsHandleAndContent)
     EXPECT_EQ(std::memcmp(GlobalLock(handle), "abcd", 4), 0);
     GlobalUnlock(handle);
     GlobalFree(handle);
-}
 
-TEST(GlobalMemory, LockedMovableBlockMovesOnlyWhenAllowed)
-{
-    HGLOBAL handle = GlobalAlloc(GMEM_MOVEABLE, 16);
-    void *data = GlobalLock(handle);
-    ASSERT_NE(data, nullptr);
-    SetLastError(0);
-    EXPECT_EQ(GlobalReAlloc(handle, 1 << 20, 0), nullptr);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_NOT_ENOUGH_MEMORY);
-    EXPECT_EQ(GlobalSize(handle), 16u) << "failure leaves the block as it was";
-    EXPECT_EQ(GlobalReAlloc(handle, 1 << 20, GMEM_MOVEABLE), handle);
-    EXPECT_EQ(GlobalSize(handle), (SIZE_T)(1 << 20));
+    HGLOBAL locked = GlobalAlloc(GMEM_MOVEABLE, 16);
+    void *lockedData = GlobalLock(locked);
+    ASSERT_NE(lockedData, nullptr);
+    EXPECT_FAILS_WITH(GlobalReAlloc(locked, 1 << 20, 0), nullptr, ERROR_NOT_ENOUGH_MEMORY);
+    EXPECT_EQ(GlobalSize(locked), 16u) << "failure leaves the block as it was";
+    EXPECT_EQ(GlobalReAlloc(locked, 1 << 20, GMEM_MOVEABLE), locked);
+    EXPECT_EQ(GlobalSize(locked), (SIZE_T)(1 << 20));
     // A locked block cannot be discarded.
-    EXPECT_EQ(GlobalReAlloc(handle, 0, GMEM_MOVEABLE), nullptr);
-    GlobalUnlock(handle);
-    EXPECT_EQ(GlobalReAlloc(handle, 0, GMEM_MOVEABLE), handle);
-    EXPECT_EQ(GlobalFlags(handle) & GMEM_DISCARDED, (UINT)GMEM_DISCARDED);
-    GlobalFree(handle);
+    EXPECT_EQ(GlobalReAlloc(locked, 0, GMEM_MOVEABLE), nullptr);
+    GlobalUnlock(locked);
+    EXPECT_EQ(GlobalReAlloc(locked, 0, GMEM_MOVEABLE), locked);
+    EXPECT_EQ(GlobalFlags(locked) & GMEM_DISCARDED, (UINT)GMEM_DISCARDED);
+    GlobalFree(locked);
 }
 
-TEST(GlobalMemory, ReAllocFixedMovesOnlyWithMoveable)
+TEST(GlobalMemory, ReAllocFixedMovesOnlyWithMoveableAndModifyChangesAttributesOnly)
 {
     HGLOBAL block = GlobalAlloc(GMEM_FIXED, 16);
     std::memcpy(block, "0123456789abcdef", 16);
-    SetLastError(0);
-    EXPECT_EQ(GlobalReAlloc(block, 1 << 20, 0), nullptr);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_NOT_ENOUGH_MEMORY);
+    EXPECT_FAILS_WITH(GlobalReAlloc(block, 1 << 20, 0), nullptr, ERROR_NOT_ENOUGH_MEMORY);
     EXPECT_EQ(GlobalSize(block), 16u);
     HGLOBAL moved = GlobalReAlloc(block, 1 << 20, GMEM_MOVEABLE | GMEM_ZEROINIT);
     ASSERT_NE(moved, nullptr);
@@ -210,10 +177,7 @@ TEST(GlobalMemory, ReAllocFixedMovesOnlyWithMoveable)
     EXPECT_EQ(shrunk, moved) << "shrinking happens in place";
     EXPECT_EQ(GlobalSize(shrunk), 8u);
     EXPECT_EQ(GlobalFree(shrunk), nullptr);
-}
 
-TEST(GlobalMemory, ModifyChangesAttributesOnly)
-{
     HGLOBAL handle = GlobalAlloc(GMEM_MOVEABLE, 10);
     EXPECT_EQ(GlobalReAlloc(handle, 0, GMEM_MODIFY | GMEM_DISCARDABLE), handle);
     EXPECT_EQ(GlobalFlags(handle) & GMEM_DISCARDABLE, (UINT)GMEM_DISCARDABLE);
@@ -233,7 +197,7 @@ TEST(GlobalMemory, ModifyChangesAttributesOnly)
     EXPECT_EQ(GlobalFree(movable), nullptr);
 }
 
-TEST(GlobalMemory, ForgedAndFreedHandlesFail)
+TEST(GlobalMemory, ForgedFreedAndNullHandlesFail)
 {
     int local = 0;
     ExpectInvalidHandle(reinterpret_cast<HGLOBAL>(&local));
@@ -244,9 +208,7 @@ TEST(GlobalMemory, ForgedAndFreedHandlesFail)
 
     HGLOBAL movable = GlobalAlloc(GMEM_MOVEABLE, 8);
     void *data = GlobalLock(movable);
-    SetLastError(0);
-    EXPECT_EQ(GlobalHandle(&local), nullptr);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_HANDLE);
+    EXPECT_FAILS_WITH(GlobalHandle(&local), nullptr, ERROR_INVALID_HANDLE);
     EXPECT_EQ(GlobalFree(movable), nullptr) << "freed even while locked";
     ExpectInvalidHandle(movable);
     EXPECT_EQ(GlobalHandle(data), nullptr);
@@ -258,36 +220,22 @@ TEST(GlobalMemory, ForgedAndFreedHandlesFail)
 
     HGLOBAL fixed = GlobalAlloc(GMEM_FIXED, 8);
     EXPECT_EQ(GlobalFree(fixed), nullptr);
-    SetLastError(0);
-    EXPECT_EQ(GlobalFree(fixed), fixed) << "double free";
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_HANDLE);
-}
+    EXPECT_FAILS_WITH(GlobalFree(fixed), fixed, ERROR_INVALID_HANDLE); // double free
 
-TEST(GlobalMemory, NullHandle)
-{
     EXPECT_EQ(GlobalFree(nullptr), nullptr);
-    SetLastError(0);
-    EXPECT_EQ(GlobalLock(nullptr), nullptr);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_HANDLE);
+    EXPECT_FAILS_WITH(GlobalLock(nullptr), nullptr, ERROR_INVALID_HANDLE);
     EXPECT_EQ(GlobalSize(nullptr), 0u);
     EXPECT_EQ(GlobalHandle(nullptr), nullptr);
 }
 
 TEST(GlobalMemory, InvalidFlagsAndHugeSizes)
 {
-    SetLastError(0);
-    EXPECT_EQ(GlobalAlloc(0x8000, 10), nullptr);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PARAMETER);
-    SetLastError(0);
-    EXPECT_EQ(GlobalAlloc(GMEM_MOVEABLE, ~static_cast<SIZE_T>(0)), nullptr);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_NOT_ENOUGH_MEMORY);
-    SetLastError(0);
-    EXPECT_EQ(GlobalAlloc(GMEM_FIXED, ~static_cast<SIZE_T>(0) / 2 + 1), nullptr);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_NOT_ENOUGH_MEMORY);
+    EXPECT_FAILS_WITH(GlobalAlloc(0x8000, 10), nullptr, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(GlobalAlloc(GMEM_MOVEABLE, ~static_cast<SIZE_T>(0)), nullptr, ERROR_NOT_ENOUGH_MEMORY);
+    EXPECT_FAILS_WITH(GlobalAlloc(GMEM_FIXED, ~static_cast<SIZE_T>(0) / 2 + 1), nullptr, ERROR_NOT_ENOUGH_MEMORY);
     HGLOBAL handle = GlobalAlloc(GMEM_MOVEABLE, 8);
-    SetLastError(0);
-    EXPECT_EQ(GlobalReAlloc(handle, ~static_cast<SIZE_T>(0), GMEM_MOVEABLE), nullptr);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_NOT_ENOUGH_MEMORY);
+    EXPECT_FAILS_WITH(GlobalReAlloc(handle, ~static_cast<SIZE_T>(0), GMEM_MOVEABLE), nullptr,
+                      ERROR_NOT_ENOUGH_MEMORY);
     EXPECT_EQ(GlobalSize(handle), 8u);
     GlobalFree(handle);
 }
@@ -320,7 +268,7 @@ TEST(GlobalMemory, ConcurrentAllocationsStayConsistent)
         EXPECT_TRUE(intact);
 }
 
-TEST(LocalBlocks, StatusAndBlock)
+TEST(LocalBlocks, StatusAndBlockOrFailureAndNull)
 {
     void *block = reinterpret_cast<void *>(1);
     EXPECT_FALSE(OS_STATUS_FAILED(OSLocalAlloc(64, &block)));
@@ -330,11 +278,8 @@ TEST(LocalBlocks, StatusAndBlock)
     EXPECT_FALSE(OS_STATUS_FAILED(OSLocalAlloc(0, &block)));
     EXPECT_NE(block, nullptr);
     OSLocalFree(block);
-}
 
-TEST(LocalBlocks, Failures)
-{
-    void *block = reinterpret_cast<void *>(1);
+    block = reinterpret_cast<void *>(1);
     const OSSTATUS status = OSLocalAlloc(~static_cast<SIZE_T>(0) - 64, &block);
     EXPECT_TRUE(OS_STATUS_FAILED(status));
     EXPECT_EQ(status, OS_STATUS_NO_MEMORY);

@@ -3,6 +3,8 @@
 // and wide forms, and CallMsgFilter.
 #include <windows.h>
 
+#include "expect_last_error.h"
+
 #include <condition_variable>
 #include <cstdint>
 #include <gtest/gtest.h>
@@ -94,6 +96,17 @@ std::vector<std::string> Callers()
     return names;
 }
 
+// Runs the hooks of `type` on a new thread and gives who ran there.
+std::vector<std::string> CallersOnAnotherThread(int type, LPARAM lParam = 0)
+{
+    std::vector<std::string> seen;
+    std::thread([&] {
+        CallWindowsHook(type, HC_ACTION, 0, lParam, FALSE);
+        seen = Callers();
+    }).join();
+    return seen;
+}
+
 class Hooks : public ::testing::Test {
 protected:
     void SetUp() override { t_calls.clear(); }
@@ -117,9 +130,8 @@ protected:
 
 void ExpectInstallFails(int type, HOOKPROC proc, DWORD thread, DWORD error)
 {
-    SetLastError(0);
-    EXPECT_EQ(SetWindowsHookExA(type, proc, nullptr, thread), nullptr) << "type " << type;
-    EXPECT_EQ(GetLastError(), error) << "type " << type;
+    SCOPED_TRACE(type);
+    EXPECT_FAILS_WITH(SetWindowsHookExA(type, proc, nullptr, thread), nullptr, error);
 }
 
 } // namespace
@@ -154,23 +166,19 @@ TEST_F(Hooks, NewestRunsFirstAndChainsToTheEnd)
     }
 }
 
-TEST_F(Hooks, ANonZeroResultIsReported)
+TEST_F(Hooks, ANonZeroResultIsReportedAndNoHooksMeansZero)
 {
     Install(1, WH_MOUSE, Plain);
     Install(0, WH_MOUSE, Swallow);
     EXPECT_EQ(CallWindowsHook(WH_MOUSE, HC_ACTION, 0, 0, FALSE), 1);
     EXPECT_EQ(Callers(), (std::vector<std::string>{"swallow"})) << "the chain stops where a hook stops it";
-}
-
-TEST_F(Hooks, NoHooksMeansZero)
-{
     EXPECT_EQ(CallWindowsHook(WH_CBT, 0, 0, 0, FALSE), 0);
     EXPECT_EQ(CallWindowsHook(999, 0, 0, 0, FALSE), 0);
     EXPECT_EQ(CallWindowsHook(-50, 0, 0, 0, FALSE), 0);
     EXPECT_EQ(CallNextHookEx(nullptr, 0, 0, 0), 0) << "outside any hook";
 }
 
-TEST_F(Hooks, UnhookingTheRunningHookIsSafe)
+TEST_F(Hooks, UnhookingTheRunningOrTheNextHookIsSafe)
 {
     Install(1, WH_KEYBOARD, Plain);
     Install(0, WH_KEYBOARD, UnhookSelf);
@@ -180,31 +188,33 @@ TEST_F(Hooks, UnhookingTheRunningHookIsSafe)
     t_calls.clear();
     CallWindowsHook(WH_KEYBOARD, HC_ACTION, 1, 2, FALSE);
     EXPECT_EQ(Callers(), (std::vector<std::string>{"plain"}));
-}
+    UnhookWindowsHookEx(t_handles[1]);
+    t_handles[1] = nullptr;
 
-TEST_F(Hooks, HookUnhookedDuringTheCallIsSkipped)
-{
+    // A hook removed by the one before it in the running chain is skipped.
     Install(1, WH_KEYBOARD, Swallow);
     Install(0, WH_KEYBOARD, UnhookNext);
+    t_calls.clear();
     EXPECT_EQ(CallWindowsHook(WH_KEYBOARD, HC_ACTION, 0, 0, FALSE), 0);
     EXPECT_EQ(Callers(), (std::vector<std::string>{"unhook-next"}));
     t_handles[1] = nullptr;
 }
 
-TEST_F(Hooks, ThreadHooksStayOnTheirThread)
+TEST_F(Hooks, ThreadHooksStayOnTheirThreadGlobalHooksRunEverywhereAfterThem)
 {
-    Install(0, WH_GETMESSAGE, Plain);
-    std::vector<std::string> seenOnOther;
-    std::thread other([&] {
-        MSG msg = {};
-        CallWindowsHook(WH_GETMESSAGE, HC_ACTION, 0, reinterpret_cast<LPARAM>(&msg), FALSE);
-        seenOnOther = Callers();
-    });
-    other.join();
-    EXPECT_TRUE(seenOnOther.empty());
     MSG msg = {};
+    Install(0, WH_GETMESSAGE, Plain);
+    EXPECT_TRUE(CallersOnAnotherThread(WH_GETMESSAGE, reinterpret_cast<LPARAM>(&msg)).empty());
     CallWindowsHook(WH_GETMESSAGE, HC_ACTION, 0, reinterpret_cast<LPARAM>(&msg), FALSE);
     EXPECT_EQ(Callers(), (std::vector<std::string>{"plain"}));
+
+    t_calls.clear();
+    t_handles[2] = SetWindowsHookExA(WH_KEYBOARD, Plain, nullptr, 0);
+    ASSERT_NE(t_handles[2], nullptr);
+    Install(1, WH_KEYBOARD, PassOnBWithNullHandle);
+    CallWindowsHook(WH_KEYBOARD, HC_ACTION, 0, 0, FALSE);
+    EXPECT_EQ(Callers(), (std::vector<std::string>{"B", "plain"}));
+    EXPECT_EQ(CallersOnAnotherThread(WH_KEYBOARD), (std::vector<std::string>{"plain"}));
 }
 
 TEST_F(Hooks, HookForAnotherThreadRunsThere)
@@ -237,28 +247,11 @@ TEST_F(Hooks, HookForAnotherThreadRunsThere)
     EXPECT_EQ(seenOnOther, (std::vector<std::string>{"plain"}));
     CallWindowsHook(WH_KEYBOARD, HC_ACTION, 0, 0, FALSE);
     EXPECT_TRUE(t_calls.empty()) << "not on the installing thread";
-    SetLastError(0);
-    EXPECT_FALSE(UnhookWindowsHookEx(hook)) << "removed when its thread ended";
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_HOOK_HANDLE);
+    // Removed when its thread ended.
+    EXPECT_FAILS_WITH(UnhookWindowsHookEx(hook), FALSE, ERROR_INVALID_HOOK_HANDLE);
 }
 
-TEST_F(Hooks, GlobalHookRunsOnEveryThreadAfterThreadHooks)
-{
-    t_handles[0] = SetWindowsHookExA(WH_KEYBOARD, Plain, nullptr, 0);
-    ASSERT_NE(t_handles[0], nullptr);
-    Install(1, WH_KEYBOARD, PassOnBWithNullHandle);
-    CallWindowsHook(WH_KEYBOARD, HC_ACTION, 0, 0, FALSE);
-    EXPECT_EQ(Callers(), (std::vector<std::string>{"B", "plain"}));
-    std::vector<std::string> seenOnOther;
-    std::thread other([&] {
-        CallWindowsHook(WH_KEYBOARD, HC_ACTION, 0, 0, FALSE);
-        seenOnOther = Callers();
-    });
-    other.join();
-    EXPECT_EQ(seenOnOther, (std::vector<std::string>{"plain"}));
-}
-
-TEST_F(Hooks, InstallationChecks)
+TEST_F(Hooks, InstallationChecksAndBadHandles)
 {
     for (int type : {WH_JOURNALRECORD, WH_JOURNALPLAYBACK, WH_KEYBOARD_LL, WH_MOUSE_LL, WH_HARDWARE,
                      WH_MIN - 1, WH_MAX + 1, 1000})
@@ -272,23 +265,15 @@ TEST_F(Hooks, InstallationChecks)
         EXPECT_NE(hook, nullptr) << "type " << type;
         EXPECT_TRUE(UnhookWindowsHookEx(hook));
     }
-}
-
-TEST_F(Hooks, BadHandles)
-{
     int local = 0;
     for (HHOOK bad : {static_cast<HHOOK>(nullptr), reinterpret_cast<HHOOK>(&local),
                       reinterpret_cast<HHOOK>(0x18), reinterpret_cast<HHOOK>(~static_cast<uintptr_t>(0))}) {
-        SetLastError(0);
-        EXPECT_FALSE(UnhookWindowsHookEx(bad));
-        EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_HOOK_HANDLE);
+        EXPECT_FAILS_WITH(UnhookWindowsHookEx(bad), FALSE, ERROR_INVALID_HOOK_HANDLE);
     }
     HHOOK hook = Install(0, WH_CBT, Plain);
     EXPECT_TRUE(UnhookWindowsHookEx(hook));
     t_handles[0] = nullptr;
-    SetLastError(0);
-    EXPECT_FALSE(UnhookWindowsHookEx(hook)) << "twice";
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_HOOK_HANDLE);
+    EXPECT_FAILS_WITH(UnhookWindowsHookEx(hook), FALSE, ERROR_INVALID_HOOK_HANDLE); // twice
 }
 
 TEST_F(Hooks, ForeignHandleInCallNextContinuesAfterTheRunningHook)
@@ -303,7 +288,7 @@ TEST_F(Hooks, ForeignHandleInCallNextContinuesAfterTheRunningHook)
     EXPECT_EQ(Callers(), (std::vector<std::string>{"forged", "plain"}));
 }
 
-TEST_F(Hooks, WideHookGetsAnsiCharacterConverted)
+TEST_F(Hooks, CharacterMessagesAreConvertedForHooksOfTheOtherForm)
 {
     static WPARAM s_seen;
     Install(0, WH_GETMESSAGE, [](int code, WPARAM wParam, LPARAM lParam) -> LRESULT {
@@ -327,25 +312,22 @@ TEST_F(Hooks, WideHookGetsAnsiCharacterConverted)
         expected |= static_cast<WPARAM>(static_cast<unsigned char>(ansi[i])) << (8 * i);
     EXPECT_EQ(msg.wParam, expected) << "the change comes back in the ANSI page";
     EXPECT_EQ(msg.time, 77u);
-}
 
-TEST_F(Hooks, AnsiHookGetsWideCharacterConverted)
-{
-    static WPARAM s_seen;
-    Install(0, WH_MSGFILTER, [](int, WPARAM, LPARAM lParam) -> LRESULT {
-        s_seen = reinterpret_cast<MSG *>(lParam)->wParam;
+    static WPARAM s_seenByAnsi;
+    Install(1, WH_MSGFILTER, [](int, WPARAM, LPARAM lParam) -> LRESULT {
+        s_seenByAnsi = reinterpret_cast<MSG *>(lParam)->wParam;
         return 0;
     });
-    MSG msg = {};
-    msg.message = kWmChar;
-    msg.wParam = 'x';
-    CallWindowsHook(WH_MSGFILTER, MSGF_DIALOGBOX, 0, reinterpret_cast<LPARAM>(&msg), TRUE);
-    EXPECT_EQ(s_seen, (WPARAM)'x');
-    EXPECT_EQ(msg.wParam, (WPARAM)'x') << "untouched message is left as it was";
-    msg.message = kWmKeyDown;
-    msg.wParam = 0x1234;
-    CallWindowsHook(WH_MSGFILTER, MSGF_DIALOGBOX, 0, reinterpret_cast<LPARAM>(&msg), TRUE);
-    EXPECT_EQ(s_seen, (WPARAM)0x1234) << "only character messages are converted";
+    MSG wideMsg = {};
+    wideMsg.message = kWmChar;
+    wideMsg.wParam = 'x';
+    CallWindowsHook(WH_MSGFILTER, MSGF_DIALOGBOX, 0, reinterpret_cast<LPARAM>(&wideMsg), TRUE);
+    EXPECT_EQ(s_seenByAnsi, (WPARAM)'x');
+    EXPECT_EQ(wideMsg.wParam, (WPARAM)'x') << "untouched message is left as it was";
+    wideMsg.message = kWmKeyDown;
+    wideMsg.wParam = 0x1234;
+    CallWindowsHook(WH_MSGFILTER, MSGF_DIALOGBOX, 0, reinterpret_cast<LPARAM>(&wideMsg), TRUE);
+    EXPECT_EQ(s_seenByAnsi, (WPARAM)0x1234) << "only character messages are converted";
 }
 
 TEST_F(Hooks, CallMsgFilterRunsSystemThenThreadFilters)

@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include "resources/test_resource_ids.h"
+#include "expect_last_error.h"
 
 #include <cstring>
 #include <gtest/gtest.h>
@@ -70,7 +71,7 @@ std::u16string FromAnsiStrict(const std::string &ansi, bool *ok)
 
 } // namespace
 
-TEST(LoadStringW, StringsFromSeveralBlocks)
+TEST(LoadStringW, StringsFromSeveralBlocksInUtf16TruncatedToBufferMinusOne)
 {
     int result = 0;
     EXPECT_EQ(LoadW(IDS_HELLO, 64, &result), u"Hello, resources");
@@ -78,18 +79,8 @@ TEST(LoadStringW, StringsFromSeveralBlocks)
     EXPECT_EQ(LoadW(IDS_SECOND_BLOCK, 64, &result), u"Second block");
     EXPECT_EQ(LoadW(IDS_LAST_OF_BLOCK, 64, &result), u"Last of its block");
     EXPECT_EQ(LoadW(IDS_HIGH, 64, &result), u"High id");
-}
-
-TEST(LoadStringW, NonAsciiStringIsUtf16)
-{
-    int result = 0;
     EXPECT_EQ(LoadW(IDS_UNICODE, 64, &result), u"Grüße 中文");
     EXPECT_EQ(result, 8);
-}
-
-TEST(LoadStringW, TruncatesToBufferMinusOne)
-{
-    int result = 0;
     EXPECT_EQ(LoadW(IDS_HELLO, 6, &result), u"Hello");
     EXPECT_EQ(result, 5);
     EXPECT_EQ(LoadW(IDS_HELLO, 16, &result), u"Hello, resource");
@@ -98,7 +89,7 @@ TEST(LoadStringW, TruncatesToBufferMinusOne)
     EXPECT_EQ(result, 0);
 }
 
-TEST(LoadStringW, ZeroSizeReturnsPointerIntoResource)
+TEST(LoadStringW, ZeroSizeReturnsAPointerIntoTheResourceMissingAndEmptyStringsNothing)
 {
     const WCHAR *text = nullptr;
     const int length = LoadStringW(nullptr, IDS_HELLO, reinterpret_cast<LPWSTR>(&text), 0);
@@ -108,42 +99,31 @@ TEST(LoadStringW, ZeroSizeReturnsPointerIntoResource)
     HRSRC block = FindResourceA(nullptr, MAKEINTRESOURCEA(IDS_HELLO / 16 + 1), MAKEINTRESOURCEA(6));
     const BYTE *data = static_cast<const BYTE *>(LockResource(LoadResource(nullptr, block)));
     EXPECT_EQ(reinterpret_cast<const BYTE *>(text), data + 4) << "points at the stored string";
-}
 
-TEST(LoadStringW, MissingAndEmptyStrings)
-{
     for (UINT id : {IDS_EMPTY, IDS_MISSING_IN_BLOCK, IDS_MISSING_BLOCK}) {
+        SCOPED_TRACE(id);
         int result = -1;
-        SetLastError(0);
-        EXPECT_EQ(LoadW(id, 8, &result), u"") << id;
+        EXPECT_FAILS_WITH(LoadW(id, 8, &result), u"", ERROR_RESOURCE_NAME_NOT_FOUND);
         EXPECT_EQ(result, 0);
-        EXPECT_EQ(GetLastError(), (DWORD)ERROR_RESOURCE_NAME_NOT_FOUND) << id;
     }
-    const WCHAR *text = reinterpret_cast<const WCHAR *>(&text);
-    EXPECT_EQ(LoadStringW(nullptr, IDS_MISSING_BLOCK, reinterpret_cast<LPWSTR>(&text), 0), 0);
-    EXPECT_EQ(text, nullptr);
+    const WCHAR *missing = reinterpret_cast<const WCHAR *>(&missing);
+    EXPECT_EQ(LoadStringW(nullptr, IDS_MISSING_BLOCK, reinterpret_cast<LPWSTR>(&missing), 0), 0);
+    EXPECT_EQ(missing, nullptr);
 }
 
 TEST(LoadStringW, BadArguments)
 {
-    SetLastError(0);
-    EXPECT_EQ(LoadStringW(nullptr, IDS_HELLO, nullptr, 10), 0);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PARAMETER);
-    SetLastError(0);
-    EXPECT_EQ(LoadStringW(nullptr, IDS_HELLO, nullptr, 0), 0);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(LoadStringW(nullptr, IDS_HELLO, nullptr, 10), 0, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(LoadStringW(nullptr, IDS_HELLO, nullptr, 0), 0, ERROR_INVALID_PARAMETER);
     WCHAR buffer[4] = {kSentinelW, kSentinelW, kSentinelW, kSentinelW};
-    SetLastError(0);
-    EXPECT_EQ(LoadStringW(nullptr, IDS_HELLO, buffer, -1), 0);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(LoadStringW(nullptr, IDS_HELLO, buffer, -1), 0, ERROR_INVALID_PARAMETER);
     EXPECT_EQ(buffer[0], kSentinelW);
-    SetLastError(0);
-    EXPECT_EQ(LoadStringW(reinterpret_cast<HINSTANCE>(0x12340000), IDS_HELLO, buffer, 4), 0);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_MOD_NOT_FOUND);
+    EXPECT_FAILS_WITH(LoadStringW(reinterpret_cast<HINSTANCE>(0x12340000), IDS_HELLO, buffer, 4), 0,
+                      ERROR_MOD_NOT_FOUND);
     EXPECT_EQ(buffer[0], 0);
 }
 
-TEST(LoadStringA, AsciiStringsAndTruncation)
+TEST(LoadStringA, StringsInTheAnsiCodePageAndTruncation)
 {
     int result = 0;
     EXPECT_EQ(LoadA(IDS_HELLO, 64, &result), "Hello, resources");
@@ -152,11 +132,6 @@ TEST(LoadStringA, AsciiStringsAndTruncation)
     EXPECT_EQ(result, 5);
     EXPECT_EQ(LoadA(IDS_HELLO, 1, &result), "");
     EXPECT_EQ(LoadA(IDS_SECOND_BLOCK, 64, &result), "Second block");
-}
-
-TEST(LoadStringA, NonAsciiStringIsInTheAnsiCodePage)
-{
-    int result = 0;
     EXPECT_EQ(LoadA(IDS_UNICODE, 64, &result), ToAnsi(u"Grüße 中文"));
 }
 
@@ -180,18 +155,10 @@ TEST(LoadStringA, TruncationNeverSplitsACharacter)
 TEST(LoadStringA, MissingStringsAndBadArguments)
 {
     int result = -1;
-    SetLastError(0);
-    EXPECT_EQ(LoadA(IDS_MISSING_BLOCK, 8, &result), "");
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_RESOURCE_NAME_NOT_FOUND);
-    SetLastError(0);
-    EXPECT_EQ(LoadA(IDS_EMPTY, 8, &result), "");
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_RESOURCE_NAME_NOT_FOUND);
-    SetLastError(0);
-    EXPECT_EQ(LoadStringA(nullptr, IDS_HELLO, nullptr, 8), 0);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(LoadA(IDS_MISSING_BLOCK, 8, &result), "", ERROR_RESOURCE_NAME_NOT_FOUND);
+    EXPECT_FAILS_WITH(LoadA(IDS_EMPTY, 8, &result), "", ERROR_RESOURCE_NAME_NOT_FOUND);
+    EXPECT_FAILS_WITH(LoadStringA(nullptr, IDS_HELLO, nullptr, 8), 0, ERROR_INVALID_PARAMETER);
     char buffer[4] = {kSentinelA, kSentinelA, kSentinelA, kSentinelA};
-    SetLastError(0);
-    EXPECT_EQ(LoadStringA(nullptr, IDS_HELLO, buffer, 0), 0);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(LoadStringA(nullptr, IDS_HELLO, buffer, 0), 0, ERROR_INVALID_PARAMETER);
     EXPECT_EQ(buffer[0], kSentinelA);
 }

@@ -5,9 +5,11 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
+#include "expect_last_error.h"
 #include "locale_child.h"
 
 namespace {
@@ -33,163 +35,90 @@ std::string Info(LCID locale, LCTYPE type)
     return std::string(buffer.data());
 }
 
-struct Failure {
-    int result;
-    DWORD error;
+struct Expected {
+    LCTYPE type;
+    const char *value;
 };
 
-Failure InfoFailure(LCID locale, LCTYPE type, char *buffer, int size)
+void ExpectInfo(LCID locale, std::initializer_list<Expected> values)
 {
-    SetLastError(0xBEEF);
-    int result = GetLocaleInfoA(locale, type, buffer, size);
-    return {result, GetLastError()};
+    for (const Expected &e : values)
+        EXPECT_EQ(Info(locale, e.type), e.value) << "locale " << std::hex << locale << " type " << e.type;
 }
 
 } // namespace
 
-TEST(LocaleInfo, EnglishUnitedStatesNames)
+// Names, number, date and time conventions; day names start on Monday.
+TEST(LocaleInfo, EnglishUnitedStatesConventions)
 {
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SENGLANGUAGE), "English");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SENGCOUNTRY), "United States");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SNATIVELANGNAME), "English");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SNATIVECTRYNAME), "United States");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SISO639LANGNAME), "en");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SISO3166CTRYNAME), "US");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SABBREVLANGNAME), "ENU");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SABBREVCTRYNAME), "USA");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_ILANGUAGE), "0409");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_IDEFAULTLANGUAGE), "0409");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_ICOUNTRY), "1");
-}
-
-TEST(LocaleInfo, EnglishUnitedStatesNumbers)
-{
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SDECIMAL), ".");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_STHOUSAND), ",");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SGROUPING), "3;0");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SLIST), ",");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_IMEASURE), "1");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SNATIVEDIGITS), "0123456789");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SNEGATIVESIGN), "-");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SPOSITIVESIGN), "");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SCURRENCY), "$");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SINTLSYMBOL), "USD");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_ICURRDIGITS), "2");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_ICURRENCY), "0");
-}
-
-TEST(LocaleInfo, EnglishUnitedStatesDatesAndTimes)
-{
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SSHORTDATE), "M/d/yyyy");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SLONGDATE), "dddd, MMMM d, yyyy");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_STIMEFORMAT), "h:mm:ss tt");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SDATE), "/");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_STIME), ":");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_IDATE), "0");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_ILDATE), "0");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_ITIME), "0");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_ITIMEMARKPOSN), "0");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_ICENTURY), "1");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_IDAYLZERO), "0");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_IMONLZERO), "0");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_ITLZERO), "0");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_S1159), "AM");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_S2359), "PM");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_ICALENDARTYPE), "1");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_IFIRSTDAYOFWEEK), "6");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_IFIRSTWEEKOFYEAR), "0");
-}
-
-TEST(LocaleInfo, DayAndMonthNamesStartOnMondayAndJanuary)
-{
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SDAYNAME1), "Monday");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SDAYNAME6), "Saturday");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SDAYNAME7), "Sunday");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SABBREVDAYNAME1), "Mon");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SABBREVDAYNAME7), "Sun");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SMONTHNAME1), "January");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SMONTHNAME12), "December");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SABBREVMONTHNAME1), "Jan");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SABBREVMONTHNAME12), "Dec");
+    ExpectInfo(kEnglishUs, {
+        {LOCALE_SENGLANGUAGE, "English"}, {LOCALE_SENGCOUNTRY, "United States"}, {LOCALE_SNATIVELANGNAME, "English"},
+        {LOCALE_SNATIVECTRYNAME, "United States"}, {LOCALE_SISO639LANGNAME, "en"}, {LOCALE_SISO3166CTRYNAME, "US"},
+        {LOCALE_SABBREVLANGNAME, "ENU"}, {LOCALE_SABBREVCTRYNAME, "USA"}, {LOCALE_ILANGUAGE, "0409"},
+        {LOCALE_IDEFAULTLANGUAGE, "0409"}, {LOCALE_ICOUNTRY, "1"},
+        {LOCALE_SDECIMAL, "."}, {LOCALE_STHOUSAND, ","}, {LOCALE_SGROUPING, "3;0"}, {LOCALE_SLIST, ","},
+        {LOCALE_IMEASURE, "1"}, {LOCALE_SNATIVEDIGITS, "0123456789"}, {LOCALE_SNEGATIVESIGN, "-"},
+        {LOCALE_SPOSITIVESIGN, ""}, {LOCALE_SCURRENCY, "$"}, {LOCALE_SINTLSYMBOL, "USD"}, {LOCALE_ICURRDIGITS, "2"},
+        {LOCALE_ICURRENCY, "0"},
+        {LOCALE_SSHORTDATE, "M/d/yyyy"}, {LOCALE_SLONGDATE, "dddd, MMMM d, yyyy"}, {LOCALE_STIMEFORMAT, "h:mm:ss tt"},
+        {LOCALE_SDATE, "/"}, {LOCALE_STIME, ":"}, {LOCALE_IDATE, "0"}, {LOCALE_ILDATE, "0"}, {LOCALE_ITIME, "0"},
+        {LOCALE_ITIMEMARKPOSN, "0"}, {LOCALE_ICENTURY, "1"}, {LOCALE_IDAYLZERO, "0"}, {LOCALE_IMONLZERO, "0"},
+        {LOCALE_ITLZERO, "0"}, {LOCALE_S1159, "AM"}, {LOCALE_S2359, "PM"}, {LOCALE_ICALENDARTYPE, "1"},
+        {LOCALE_IFIRSTDAYOFWEEK, "6"}, {LOCALE_IFIRSTWEEKOFYEAR, "0"},
+        {LOCALE_SDAYNAME1, "Monday"}, {LOCALE_SDAYNAME6, "Saturday"}, {LOCALE_SDAYNAME7, "Sunday"},
+        {LOCALE_SABBREVDAYNAME1, "Mon"}, {LOCALE_SABBREVDAYNAME7, "Sun"}, {LOCALE_SMONTHNAME1, "January"},
+        {LOCALE_SMONTHNAME12, "December"}, {LOCALE_SABBREVMONTHNAME1, "Jan"}, {LOCALE_SABBREVMONTHNAME12, "Dec"},
+    });
 }
 
 TEST(LocaleInfo, GermanConventions)
 {
-    EXPECT_EQ(Info(kGerman, LOCALE_SENGLANGUAGE), "German");
-    EXPECT_EQ(Info(kGerman, LOCALE_SENGCOUNTRY), "Germany");
-    EXPECT_EQ(Info(kGerman, LOCALE_SNATIVELANGNAME), "Deutsch");
-    EXPECT_EQ(Info(kGerman, LOCALE_SABBREVLANGNAME), "DEU");
-    EXPECT_EQ(Info(kGerman, LOCALE_ICOUNTRY), "49");
-    EXPECT_EQ(Info(kGerman, LOCALE_SDECIMAL), ",");
-    EXPECT_EQ(Info(kGerman, LOCALE_STHOUSAND), ".");
-    EXPECT_EQ(Info(kGerman, LOCALE_SLIST), ";");
-    EXPECT_EQ(Info(kGerman, LOCALE_IMEASURE), "0");
-    EXPECT_EQ(Info(kGerman, LOCALE_SINTLSYMBOL), "EUR");
-    EXPECT_EQ(Info(kGerman, LOCALE_ICURRENCY), "3");
-    EXPECT_EQ(Info(kGerman, LOCALE_INEGCURR), "8");
-    EXPECT_EQ(Info(kGerman, LOCALE_SSHORTDATE), "dd.MM.yyyy");
-    EXPECT_EQ(Info(kGerman, LOCALE_SLONGDATE), "dddd, d. MMMM yyyy");
-    EXPECT_EQ(Info(kGerman, LOCALE_STIMEFORMAT), "HH:mm:ss");
-    EXPECT_EQ(Info(kGerman, LOCALE_SDATE), ".");
-    EXPECT_EQ(Info(kGerman, LOCALE_IDATE), "1");
-    EXPECT_EQ(Info(kGerman, LOCALE_ITIME), "1");
-    EXPECT_EQ(Info(kGerman, LOCALE_ITLZERO), "1");
-    EXPECT_EQ(Info(kGerman, LOCALE_IDAYLZERO), "1");
-    EXPECT_EQ(Info(kGerman, LOCALE_IMONLZERO), "1");
-    EXPECT_EQ(Info(kGerman, LOCALE_IFIRSTDAYOFWEEK), "0");
-    EXPECT_EQ(Info(kGerman, LOCALE_IFIRSTWEEKOFYEAR), "2");
-    EXPECT_EQ(Info(kGerman, LOCALE_SDAYNAME1), "Montag");
+    ExpectInfo(kGerman, {
+        {LOCALE_SENGLANGUAGE, "German"}, {LOCALE_SENGCOUNTRY, "Germany"}, {LOCALE_SNATIVELANGNAME, "Deutsch"},
+        {LOCALE_SABBREVLANGNAME, "DEU"}, {LOCALE_ICOUNTRY, "49"}, {LOCALE_SDECIMAL, ","}, {LOCALE_STHOUSAND, "."},
+        {LOCALE_SLIST, ";"}, {LOCALE_IMEASURE, "0"}, {LOCALE_SINTLSYMBOL, "EUR"}, {LOCALE_ICURRENCY, "3"},
+        {LOCALE_INEGCURR, "8"}, {LOCALE_SSHORTDATE, "dd.MM.yyyy"}, {LOCALE_SLONGDATE, "dddd, d. MMMM yyyy"},
+        {LOCALE_STIMEFORMAT, "HH:mm:ss"}, {LOCALE_SDATE, "."}, {LOCALE_IDATE, "1"}, {LOCALE_ITIME, "1"},
+        {LOCALE_ITLZERO, "1"}, {LOCALE_IDAYLZERO, "1"}, {LOCALE_IMONLZERO, "1"}, {LOCALE_IFIRSTDAYOFWEEK, "0"},
+        {LOCALE_IFIRSTWEEKOFYEAR, "2"}, {LOCALE_SDAYNAME1, "Montag"},
+    });
 }
 
-TEST(LocaleInfo, EastAsianAndOtherLocales)
+TEST(LocaleInfo, EastAsianOtherLanguageNeutralAndInvariantLocales)
 {
-    EXPECT_EQ(Info(kJapanese, LOCALE_SSHORTDATE), "yyyy/MM/dd");
-    EXPECT_EQ(Info(kJapanese, LOCALE_IDATE), "2");
-    EXPECT_EQ(Info(kJapanese, LOCALE_SINTLSYMBOL), "JPY");
-    EXPECT_EQ(Info(kJapanese, LOCALE_ICURRDIGITS), "0");
-    EXPECT_EQ(Info(kJapanese, LOCALE_IDEFAULTANSICODEPAGE), "932");
-    EXPECT_EQ(Info(kChinesePrc, LOCALE_SENGLANGUAGE), "Chinese");
-    EXPECT_EQ(Info(kChinesePrc, LOCALE_SISO3166CTRYNAME), "CN");
-    EXPECT_EQ(Info(kChinesePrc, LOCALE_SABBREVLANGNAME), "CHS");
-    EXPECT_EQ(Info(kChinesePrc, LOCALE_IDEFAULTANSICODEPAGE), "936");
+    ExpectInfo(kJapanese, {
+        {LOCALE_SSHORTDATE, "yyyy/MM/dd"}, {LOCALE_IDATE, "2"}, {LOCALE_SINTLSYMBOL, "JPY"}, {LOCALE_ICURRDIGITS, "0"},
+        {LOCALE_IDEFAULTANSICODEPAGE, "932"},
+    });
+    ExpectInfo(kChinesePrc, {
+        {LOCALE_SENGLANGUAGE, "Chinese"}, {LOCALE_SISO3166CTRYNAME, "CN"}, {LOCALE_SABBREVLANGNAME, "CHS"},
+        {LOCALE_IDEFAULTANSICODEPAGE, "936"},
+    });
     EXPECT_EQ(Info(0x0404, LOCALE_IDEFAULTANSICODEPAGE), "950");
-    EXPECT_EQ(Info(kRussian, LOCALE_IDEFAULTANSICODEPAGE), "1251");
-    EXPECT_EQ(Info(kRussian, LOCALE_IDEFAULTCODEPAGE), "866");
+    ExpectInfo(kRussian, {{LOCALE_IDEFAULTANSICODEPAGE, "1251"}, {LOCALE_IDEFAULTCODEPAGE, "866"}});
     EXPECT_EQ(Info(kHindi, LOCALE_SGROUPING), "3;2;0");
-}
-
-TEST(LocaleInfo, LanguageNeutralAndInvariantIdentifiers)
-{
     // A language without a sublanguage behaves as its main country.
     EXPECT_EQ(Info(0x0009, LOCALE_SISO3166CTRYNAME), "US");
     EXPECT_EQ(Info(0x0007, LOCALE_SENGCOUNTRY), "Germany");
-    EXPECT_EQ(Info(LOCALE_INVARIANT, LOCALE_SENGLANGUAGE), "Invariant Language");
-    EXPECT_EQ(Info(LOCALE_INVARIANT, LOCALE_SENGCOUNTRY), "Invariant Country");
-    EXPECT_EQ(Info(LOCALE_INVARIANT, LOCALE_SISO639LANGNAME), "iv");
-    EXPECT_EQ(Info(LOCALE_INVARIANT, LOCALE_SDECIMAL), ".");
-    EXPECT_EQ(Info(LOCALE_INVARIANT, LOCALE_ILANGUAGE), "007f");
+    ExpectInfo(LOCALE_INVARIANT, {
+        {LOCALE_SENGLANGUAGE, "Invariant Language"}, {LOCALE_SENGCOUNTRY, "Invariant Country"},
+        {LOCALE_SISO639LANGNAME, "iv"}, {LOCALE_SDECIMAL, "."}, {LOCALE_ILANGUAGE, "007f"},
+    });
     // Sort identifiers do not change locale information.
     EXPECT_EQ(Info(MAKELCID(kGerman, 1), LOCALE_SENGLANGUAGE), "German");
 }
 
-TEST(LocaleInfo, SizeQueryCountsTheTerminator)
+TEST(LocaleInfo, SizeQueryCountsTheTerminatorAndShortBuffersFailWithoutOverrunning)
 {
     EXPECT_EQ(GetLocaleInfoA(kEnglishUs, LOCALE_SENGCOUNTRY, nullptr, 0), 14);
-    char buffer[4] = "xyz";
+    char buffer[16] = "xyz";
     EXPECT_EQ(GetLocaleInfoA(kEnglishUs, LOCALE_SDECIMAL, buffer, 0), 2);
     EXPECT_STREQ(buffer, "xyz");
     char exact[14];
     EXPECT_EQ(GetLocaleInfoA(kEnglishUs, LOCALE_SENGCOUNTRY, exact, 14), 14);
     EXPECT_STREQ(exact, "United States");
-}
-
-TEST(LocaleInfo, ShortBufferFailsWithoutOverrunning)
-{
-    char buffer[16];
     std::memset(buffer, '#', sizeof buffer);
-    Failure failure = InfoFailure(kEnglishUs, LOCALE_SENGCOUNTRY, buffer, 5);
-    EXPECT_EQ(failure.result, 0);
-    EXPECT_EQ(failure.error, (DWORD)ERROR_INSUFFICIENT_BUFFER);
+    EXPECT_FAILS_WITH(GetLocaleInfoA(kEnglishUs, LOCALE_SENGCOUNTRY, buffer, 5), 0, ERROR_INSUFFICIENT_BUFFER);
     for (size_t i = 5; i < sizeof buffer; ++i)
         EXPECT_EQ(buffer[i], '#') << i;
 }
@@ -197,28 +126,14 @@ TEST(LocaleInfo, ShortBufferFailsWithoutOverrunning)
 TEST(LocaleInfo, BadArguments)
 {
     char buffer[16];
-    Failure failure = InfoFailure(kEnglishUs, LOCALE_SDECIMAL, nullptr, 16);
-    EXPECT_EQ(failure.result, 0);
-    EXPECT_EQ(failure.error, (DWORD)ERROR_INVALID_PARAMETER);
-    failure = InfoFailure(kEnglishUs, LOCALE_SDECIMAL, buffer, -1);
-    EXPECT_EQ(failure.error, (DWORD)ERROR_INVALID_PARAMETER);
-    failure = InfoFailure(0x1234, LOCALE_SDECIMAL, buffer, 16);
-    EXPECT_EQ(failure.result, 0);
-    EXPECT_EQ(failure.error, (DWORD)ERROR_INVALID_PARAMETER);
-    failure = InfoFailure(kEnglishUs, 0x7777, buffer, 16);
-    EXPECT_EQ(failure.result, 0);
-    EXPECT_EQ(failure.error, (DWORD)ERROR_INVALID_FLAGS);
-    failure = InfoFailure(kEnglishUs, 0, buffer, 16);
-    EXPECT_EQ(failure.error, (DWORD)ERROR_INVALID_FLAGS);
+    EXPECT_FAILS_WITH(GetLocaleInfoA(kEnglishUs, LOCALE_SDECIMAL, nullptr, 16), 0, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(GetLocaleInfoA(kEnglishUs, LOCALE_SDECIMAL, buffer, -1), 0, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(GetLocaleInfoA(0x1234, LOCALE_SDECIMAL, buffer, 16), 0, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(GetLocaleInfoA(kEnglishUs, 0x7777, buffer, 16), 0, ERROR_INVALID_FLAGS);
+    EXPECT_FAILS_WITH(GetLocaleInfoA(kEnglishUs, 0, buffer, 16), 0, ERROR_INVALID_FLAGS);
 }
 
-TEST(LocaleInfo, ModifierFlags)
-{
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SDECIMAL | LOCALE_NOUSEROVERRIDE), ".");
-    EXPECT_EQ(Info(kEnglishUs, LOCALE_SDECIMAL | LOCALE_USE_CP_ACP), ".");
-}
-
-TEST(LocaleInfo, ReturnNumberWritesADword)
+TEST(LocaleInfo, ReturnNumberWritesADwordOtherModifiersAndSuccessLeaveValueAndLastErrorAlone)
 {
     DWORD number = 0;
     EXPECT_EQ(GetLocaleInfoA(kEnglishUs, LOCALE_ILANGUAGE | LOCALE_RETURN_NUMBER, (LPSTR)&number, sizeof number),
@@ -227,26 +142,17 @@ TEST(LocaleInfo, ReturnNumberWritesADword)
     EXPECT_EQ(GetLocaleInfoA(kGerman, LOCALE_ICOUNTRY | LOCALE_RETURN_NUMBER, (LPSTR)&number, sizeof number), 4);
     EXPECT_EQ(number, 49u);
     EXPECT_EQ(GetLocaleInfoA(kEnglishUs, LOCALE_IFIRSTDAYOFWEEK | LOCALE_RETURN_NUMBER, nullptr, 0), 4);
-}
-
-TEST(LocaleInfo, ReturnNumberNeedsRoomAndANumericType)
-{
     char small[8];
     std::memset(small, '#', sizeof small);
-    Failure failure = InfoFailure(kEnglishUs, LOCALE_ILANGUAGE | LOCALE_RETURN_NUMBER, small, 3);
-    EXPECT_EQ(failure.result, 0);
-    EXPECT_EQ(failure.error, (DWORD)ERROR_INSUFFICIENT_BUFFER);
+    EXPECT_FAILS_WITH(GetLocaleInfoA(kEnglishUs, LOCALE_ILANGUAGE | LOCALE_RETURN_NUMBER, small, 3), 0,
+                      ERROR_INSUFFICIENT_BUFFER);
     EXPECT_EQ(small[3], '#');
-    failure = InfoFailure(kEnglishUs, LOCALE_SDECIMAL | LOCALE_RETURN_NUMBER, small, 8);
-    EXPECT_EQ(failure.result, 0);
-    EXPECT_EQ(failure.error, (DWORD)ERROR_INVALID_FLAGS);
-}
+    EXPECT_FAILS_WITH(GetLocaleInfoA(kEnglishUs, LOCALE_SDECIMAL | LOCALE_RETURN_NUMBER, small, 8), 0,
+                      ERROR_INVALID_FLAGS);
 
-TEST(LocaleInfo, SuccessLeavesTheLastErrorAlone)
-{
-    char buffer[8];
     SetLastError(0xBEEF);
-    EXPECT_EQ(GetLocaleInfoA(kEnglishUs, LOCALE_SDECIMAL, buffer, 8), 2);
+    EXPECT_EQ(Info(kEnglishUs, LOCALE_SDECIMAL | LOCALE_NOUSEROVERRIDE), ".");
+    EXPECT_EQ(Info(kEnglishUs, LOCALE_SDECIMAL | LOCALE_USE_CP_ACP), ".");
     EXPECT_EQ(GetLastError(), 0xBEEFu);
 }
 

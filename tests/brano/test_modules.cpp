@@ -1,6 +1,8 @@
 // Module handles are load addresses of ELF objects; names resolve to them.
 #include <windows.h>
 
+#include "expect_last_error.h"
+
 #include <cstring>
 #include <dlfcn.h>
 #include <gtest/gtest.h>
@@ -27,16 +29,13 @@ std::string MainModulePath()
 
 } // namespace
 
-TEST(Modules, NullNameIsTheExecutablesLoadBase)
+TEST(Modules, NullNameIsTheExecutablesLoadBaseAlsoFoundByPathAndFileName)
 {
+    EXPECT_TRUE(OSInit(0)) << "start-up may run again";
     HMODULE main = GetModuleHandleA(nullptr);
     ASSERT_NE(main, nullptr);
     EXPECT_EQ(main, BaseOfObjectContaining(&g_objectInExecutable));
     EXPECT_EQ(std::memcmp(main, "\x7f" "ELF", 4), 0) << "the handle addresses the ELF header";
-}
-
-TEST(Modules, ExecutableFoundByPathAndFileName)
-{
     const std::string path = MainModulePath();
     ASSERT_FALSE(path.empty());
     const std::string fileName = path.substr(path.rfind('/') + 1);
@@ -46,7 +45,7 @@ TEST(Modules, ExecutableFoundByPathAndFileName)
     EXPECT_EQ(GetModuleHandleA("BRANO_TESTS.EXE"), GetModuleHandleA(nullptr));
 }
 
-TEST(Modules, LibraryFoundByWin32StyleNames)
+TEST(Modules, LibraryFoundByWin32StyleNamesUnknownNamesFailWithModNotFound)
 {
     HMODULE library = BaseOfObjectContaining(reinterpret_cast<const void *>(&GetModuleHandleA));
     ASSERT_NE(library, nullptr);
@@ -56,33 +55,21 @@ TEST(Modules, LibraryFoundByWin32StyleNames)
     char path[4096];
     ASSERT_GT(GetModuleFileNameA(library, path, sizeof path), 0u);
     EXPECT_EQ(GetModuleHandleA(path), library);
-}
-
-TEST(Modules, UnknownNamesFailWithModNotFound)
-{
     for (const char *name : {"no-such-module.so", "", "/nonexistent/libbrano.so.1", "xyzzy"}) {
-        SetLastError(0);
-        EXPECT_EQ(GetModuleHandleA(name), nullptr) << name;
-        EXPECT_EQ(GetLastError(), (DWORD)ERROR_MOD_NOT_FOUND) << name;
+        SCOPED_TRACE(name);
+        EXPECT_FAILS_WITH(GetModuleHandleA(name), nullptr, ERROR_MOD_NOT_FOUND);
     }
 }
 
-TEST(Modules, FileNameIsTruncatedAndTerminated)
+TEST(Modules, FileNameIsTruncatedAndTerminatedOrFitsExactly)
 {
     const std::string path = MainModulePath();
-    char buffer[32];
-    std::memset(buffer, 'Z', sizeof buffer);
-    SetLastError(0);
-    EXPECT_EQ(GetModuleFileNameA(nullptr, buffer, 5), 5u);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INSUFFICIENT_BUFFER);
-    EXPECT_EQ(std::string(buffer), path.substr(0, 4));
-    for (size_t i = 5; i < sizeof buffer; ++i)
-        EXPECT_EQ(buffer[i], 'Z') << "byte " << i << " written past nSize";
-}
-
-TEST(Modules, FileNameFitsExactly)
-{
-    const std::string path = MainModulePath();
+    char small[32];
+    std::memset(small, 'Z', sizeof small);
+    EXPECT_FAILS_WITH(GetModuleFileNameA(nullptr, small, 5), 5u, ERROR_INSUFFICIENT_BUFFER);
+    EXPECT_EQ(std::string(small), path.substr(0, 4));
+    for (size_t i = 5; i < sizeof small; ++i)
+        EXPECT_EQ(small[i], 'Z') << "byte " << i << " written past nSize";
     std::string buffer(path.size() + 1, 'Z');
     EXPECT_EQ(GetModuleFileNameA(nullptr, &buffer[0], static_cast<DWORD>(path.size() + 1)), path.size());
     EXPECT_EQ(std::string(buffer.c_str()), path);
@@ -95,22 +82,9 @@ TEST(Modules, FileNameFitsExactly)
 TEST(Modules, FileNameBadArguments)
 {
     char buffer[16] = "untouched";
-    SetLastError(0);
-    EXPECT_EQ(GetModuleFileNameA(reinterpret_cast<HMODULE>(0x1234000), buffer, sizeof buffer), 0u);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_MOD_NOT_FOUND);
+    EXPECT_FAILS_WITH(GetModuleFileNameA(reinterpret_cast<HMODULE>(0x1234000), buffer, sizeof buffer), 0u,
+                      ERROR_MOD_NOT_FOUND);
+    EXPECT_FAILS_WITH(GetModuleFileNameA(nullptr, nullptr, 100), 0u, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(GetModuleFileNameA(nullptr, buffer, 0), 0u, ERROR_INSUFFICIENT_BUFFER);
     EXPECT_STREQ(buffer, "untouched");
-    SetLastError(0);
-    EXPECT_EQ(GetModuleFileNameA(nullptr, nullptr, 100), 0u);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PARAMETER);
-    SetLastError(0);
-    EXPECT_EQ(GetModuleFileNameA(nullptr, buffer, 0), 0u);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INSUFFICIENT_BUFFER);
-    EXPECT_STREQ(buffer, "untouched");
-}
-
-TEST(Modules, OSInitIsIdempotent)
-{
-    EXPECT_TRUE(OSInit(0));
-    EXPECT_TRUE(OSInit(0));
-    EXPECT_EQ(GetModuleHandleA(nullptr), BaseOfObjectContaining(&g_objectInExecutable));
 }

@@ -3,6 +3,7 @@
 // resource files built in memory.
 #include <windows.h>
 
+#include "expect_last_error.h"
 #include "resources/test_resource_ids.h"
 
 #include <cstdint>
@@ -73,9 +74,7 @@ HMODULE LibraryWithoutResources()
 
 void ExpectFindFails(HMODULE module, LPCSTR name, LPCSTR type, DWORD error)
 {
-    SetLastError(0);
-    EXPECT_EQ(FindResourceA(module, name, type), nullptr);
-    EXPECT_EQ(GetLastError(), error);
+    EXPECT_FAILS_WITH(FindResourceA(module, name, type), nullptr, error);
 }
 
 // Writes .res files: the empty opening record, then resources with numeric
@@ -153,33 +152,27 @@ HMODULE FakeModule(int which)
 
 } // namespace
 
-TEST(ResourceLookup, RcDataByIdHasItsBytes)
+TEST(ResourceLookup, RcDataByIdOrNumberFormFromTheMainModule)
 {
     HRSRC resource = FindResourceA(nullptr, Id(IDR_BYTES), Id(kRtRcData));
     ASSERT_NE(resource, nullptr);
     EXPECT_EQ(SizeofResource(nullptr, resource), 11u);
     const std::vector<BYTE> expected = {0x01, 0x02, 0x03, 0x04, 0x78, 0x56, 0x34, 0x12, 'x', 'y', 'z'};
     EXPECT_EQ(BytesOf(resource), expected);
-    const void *data = LockResource(LoadResource(nullptr, resource));
-    EXPECT_EQ(reinterpret_cast<uintptr_t>(data) % 4, 0u) << "resource data is DWORD-aligned";
+    HGLOBAL data = LoadResource(nullptr, resource);
+    EXPECT_EQ(reinterpret_cast<uintptr_t>(LockResource(data)) % 4, 0u) << "resource data is DWORD-aligned";
+    EXPECT_FALSE(FreeResource(data));
+    EXPECT_EQ(LockResource(data), data) << "still usable after FreeResource";
+    EXPECT_FALSE(FreeResource(nullptr));
+
+    EXPECT_EQ(FindResourceA(GetModuleHandleA(nullptr), Id(IDR_BYTES), Id(kRtRcData)), resource);
+    // "#number" names the id.
+    EXPECT_EQ(FindResourceA(nullptr, "#301", "#10"), resource);
+    EXPECT_EQ(FindResourceA(nullptr, "#301", Id(kRtRcData)), resource);
+    EXPECT_EQ(FindResourceA(nullptr, Id(IDR_BYTES), "#010"), resource);
 }
 
-TEST(ResourceLookup, MainModuleHandleEqualsNull)
-{
-    EXPECT_EQ(FindResourceA(GetModuleHandleA(nullptr), Id(IDR_BYTES), Id(kRtRcData)),
-              FindResourceA(nullptr, Id(IDR_BYTES), Id(kRtRcData)));
-}
-
-TEST(ResourceLookup, HashNumberFormMeansId)
-{
-    HRSRC byId = FindResourceA(nullptr, Id(IDR_BYTES), Id(kRtRcData));
-    ASSERT_NE(byId, nullptr);
-    EXPECT_EQ(FindResourceA(nullptr, "#301", "#10"), byId);
-    EXPECT_EQ(FindResourceA(nullptr, "#301", Id(kRtRcData)), byId);
-    EXPECT_EQ(FindResourceA(nullptr, Id(IDR_BYTES), "#010"), byId);
-}
-
-TEST(ResourceLookup, NamesIgnoreCase)
+TEST(ResourceLookup, NamesIgnoreCaseAndTheNeutralLanguageIsPreferred)
 {
     HRSRC upper = FindResourceA(nullptr, "MYDATA", "CUSTOM");
     ASSERT_NE(upper, nullptr);
@@ -187,14 +180,8 @@ TEST(ResourceLookup, NamesIgnoreCase)
     EXPECT_EQ(FindResourceA(nullptr, "MyData", "cUsToM"), upper);
     const std::vector<BYTE> payload = {'p', 'a', 'y', 'l', 'o', 'a', 'd'};
     EXPECT_EQ(BytesOf(upper), payload);
-}
-
-TEST(ResourceLookup, NeutralLanguageIsPreferred)
-{
-    HRSRC resource = FindResourceA(nullptr, Id(IDR_LANGUAGES), Id(kRtRcData));
-    ASSERT_NE(resource, nullptr);
     const std::vector<BYTE> neutral = {'n', 'e', 'u', 't', 'r', 'a', 'l'};
-    EXPECT_EQ(BytesOf(resource), neutral);
+    EXPECT_EQ(BytesOf(FindResourceA(nullptr, Id(IDR_LANGUAGES), Id(kRtRcData))), neutral);
 }
 
 TEST(ResourceData, DialogTemplateHeaderAndFirstItem)
@@ -224,7 +211,7 @@ TEST(ResourceData, DialogTemplateHeaderAndFirstItem)
     EXPECT_EQ(WideAt(item + 22), u"Name:");
 }
 
-TEST(ResourceData, MenuTemplate)
+TEST(ResourceData, MenuTemplateAndStringTableBlock)
 {
     HRSRC resource = FindResourceA(nullptr, Id(IDM_MAIN), Id(kRtMenu));
     ASSERT_NE(resource, nullptr);
@@ -238,10 +225,7 @@ TEST(ResourceData, MenuTemplate)
     EXPECT_EQ(WordAt(open), 0u);
     EXPECT_EQ(WordAt(open + 2), IDM_OPEN);
     EXPECT_EQ(WideAt(open + 4), u"&Open");
-}
 
-TEST(ResourceData, StringTableBlockLayout)
-{
     HRSRC block = FindResourceA(nullptr, Id(IDS_HELLO / 16 + 1), Id(kRtString));
     ASSERT_NE(block, nullptr);
     const std::vector<BYTE> bytes = BytesOf(block);
@@ -250,40 +234,20 @@ TEST(ResourceData, StringTableBlockLayout)
     EXPECT_EQ(WordAt(&bytes[2]), 16u) << "length of string 1";
 }
 
-TEST(ResourceData, FreeResourceIsANoOp)
-{
-    HRSRC resource = FindResourceA(nullptr, Id(IDR_BYTES), Id(kRtRcData));
-    HGLOBAL data = LoadResource(nullptr, resource);
-    EXPECT_FALSE(FreeResource(data));
-    EXPECT_EQ(LockResource(data), data) << "still usable after FreeResource";
-    EXPECT_FALSE(FreeResource(nullptr));
-}
-
-TEST(ResourceErrors, UnknownTypeAndName)
+TEST(ResourceErrors, UnknownNullOrMalformedNamesAndTypesAndBadModules)
 {
     ExpectFindFails(nullptr, Id(IDR_BYTES), Id(999), ERROR_RESOURCE_TYPE_NOT_FOUND);
     ExpectFindFails(nullptr, Id(999), Id(kRtRcData), ERROR_RESOURCE_NAME_NOT_FOUND);
     ExpectFindFails(nullptr, "NOSUCHNAME", "CUSTOM", ERROR_RESOURCE_NAME_NOT_FOUND);
     ExpectFindFails(nullptr, "MYDATA", "NOSUCHTYPE", ERROR_RESOURCE_TYPE_NOT_FOUND);
     ExpectFindFails(nullptr, "MYDATA", Id(kRtRcData), ERROR_RESOURCE_NAME_NOT_FOUND);
-}
-
-TEST(ResourceErrors, NullNameAndTypeAreIdZero)
-{
+    // A null name or type is id zero.
     ExpectFindFails(nullptr, nullptr, Id(kRtRcData), ERROR_RESOURCE_NAME_NOT_FOUND);
     ExpectFindFails(nullptr, Id(IDR_BYTES), nullptr, ERROR_RESOURCE_TYPE_NOT_FOUND);
     ExpectFindFails(nullptr, nullptr, nullptr, ERROR_RESOURCE_TYPE_NOT_FOUND);
-}
-
-TEST(ResourceErrors, MalformedNumberForms)
-{
     for (const char *name : {"#", "#abc", "#12x", "#70000", "#1234567", "#-1"})
         ExpectFindFails(nullptr, name, Id(kRtRcData), ERROR_INVALID_PARAMETER);
     ExpectFindFails(nullptr, Id(IDR_BYTES), "#", ERROR_INVALID_PARAMETER);
-}
-
-TEST(ResourceErrors, BadModules)
-{
     ExpectFindFails(reinterpret_cast<HMODULE>(0x12340000), Id(IDR_BYTES), Id(kRtRcData), ERROR_MOD_NOT_FOUND);
     ExpectFindFails(reinterpret_cast<HMODULE>(-1), Id(IDR_BYTES), Id(kRtRcData), ERROR_MOD_NOT_FOUND);
     ExpectFindFails(LibraryWithoutResources(), Id(IDR_BYTES), Id(kRtRcData), ERROR_RESOURCE_DATA_NOT_FOUND);
@@ -296,17 +260,11 @@ TEST(ResourceErrors, ForgedHandlesFailWithoutCrashing)
                             reinterpret_cast<HRSRC>(~static_cast<uintptr_t>(0)),
                             reinterpret_cast<HRSRC>(0xdeadbeef0000)};
     for (HRSRC handle : forged) {
-        SetLastError(0);
-        EXPECT_EQ(LoadResource(nullptr, handle), nullptr);
-        EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PARAMETER);
-        SetLastError(0);
-        EXPECT_EQ(SizeofResource(nullptr, handle), 0u);
-        EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PARAMETER);
+        EXPECT_FAILS_WITH(LoadResource(nullptr, handle), nullptr, ERROR_INVALID_PARAMETER);
+        EXPECT_FAILS_WITH(SizeofResource(nullptr, handle), 0u, ERROR_INVALID_PARAMETER);
     }
     EXPECT_EQ(LockResource(nullptr), nullptr);
-    SetLastError(0);
-    EXPECT_EQ(LockResource(local), nullptr);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_HANDLE);
+    EXPECT_FAILS_WITH(LockResource(local), nullptr, ERROR_INVALID_HANDLE);
     // The HRSRC itself is not an HGLOBAL.
     HRSRC real = FindResourceA(nullptr, Id(IDR_BYTES), Id(kRtRcData));
     EXPECT_EQ(LockResource(reinterpret_cast<HGLOBAL>(real)), nullptr);
@@ -332,17 +290,13 @@ TEST(ResourceRegistration, RegisteredDataIsFoundAndWithdrawn)
 
     HGLOBAL data = LoadResource(module, seven);
     EXPECT_TRUE(BranoUnregisterModuleResources(module, file.Bytes().data()));
-    SetLastError(0);
-    EXPECT_EQ(LoadResource(module, seven), nullptr);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(LoadResource(module, seven), nullptr, ERROR_INVALID_PARAMETER);
     EXPECT_EQ(LockResource(data), nullptr);
     ExpectFindFails(module, Id(7), Id(kRtRcData), ERROR_MOD_NOT_FOUND);
-    SetLastError(0);
-    EXPECT_FALSE(BranoUnregisterModuleResources(module, file.Bytes().data()));
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(BranoUnregisterModuleResources(module, file.Bytes().data()), FALSE, ERROR_INVALID_PARAMETER);
 }
 
-TEST(ResourceRegistration, BlocksOfOneModuleAddUp)
+TEST(ResourceRegistration, BlocksOfOneModuleAddUpAndMisalignedDataIsServedAligned)
 {
     ResFileBuilder first;
     first.Add(kRtRcData, 1, "one").Add(kRtRcData, 3, "first three");
@@ -363,23 +317,20 @@ TEST(ResourceRegistration, BlocksOfOneModuleAddUp)
     ASSERT_NE(three, nullptr);
     EXPECT_EQ(SizeofResource(module, three), 12u);
     EXPECT_TRUE(BranoUnregisterModuleResources(module, second.Bytes().data()));
-}
 
-TEST(ResourceRegistration, MisalignedDataIsServedAligned)
-{
-    ResFileBuilder file;
-    file.Add(kRtRcData, 5, "aligned please");
-    std::vector<BYTE> storage(file.Bytes().size() + 1);
-    std::memcpy(&storage[1], file.Bytes().data(), file.Bytes().size());
-    HMODULE module = FakeModule(2);
-    ASSERT_TRUE(BranoRegisterModuleResources(module, &storage[1], file.Bytes().size()));
-    HRSRC resource = FindResourceA(module, Id(5), Id(kRtRcData));
+    ResFileBuilder misaligned;
+    misaligned.Add(kRtRcData, 5, "aligned please");
+    std::vector<BYTE> storage(misaligned.Bytes().size() + 1);
+    std::memcpy(&storage[1], misaligned.Bytes().data(), misaligned.Bytes().size());
+    HMODULE other = FakeModule(2);
+    ASSERT_TRUE(BranoRegisterModuleResources(other, &storage[1], misaligned.Bytes().size()));
+    HRSRC resource = FindResourceA(other, Id(5), Id(kRtRcData));
     ASSERT_NE(resource, nullptr);
-    const void *data = LockResource(LoadResource(module, resource));
+    const void *data = LockResource(LoadResource(other, resource));
     ASSERT_NE(data, nullptr);
     EXPECT_EQ(reinterpret_cast<uintptr_t>(data) % 4, 0u);
     EXPECT_EQ(std::memcmp(data, "aligned please", 14), 0);
-    EXPECT_TRUE(BranoUnregisterModuleResources(module, &storage[1]));
+    EXPECT_TRUE(BranoUnregisterModuleResources(other, &storage[1]));
 }
 
 TEST(ResourceRegistration, MalformedDataIsRejected)
@@ -408,18 +359,13 @@ TEST(ResourceRegistration, MalformedDataIsRejected)
     bad.push_back(std::vector<BYTE>(64, 0xFF));
 
     for (size_t i = 0; i < bad.size(); ++i) {
-        SetLastError(0);
-        EXPECT_FALSE(BranoRegisterModuleResources(module, bad[i].data(), bad[i].size())) << "case " << i;
-        EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_DATA) << "case " << i;
+        SCOPED_TRACE(i);
+        EXPECT_FAILS_WITH(BranoRegisterModuleResources(module, bad[i].data(), bad[i].size()), FALSE,
+                          ERROR_INVALID_DATA);
     }
-    SetLastError(0);
-    EXPECT_FALSE(BranoRegisterModuleResources(module, good.data(), 0));
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_DATA);
-    SetLastError(0);
-    EXPECT_FALSE(BranoRegisterModuleResources(module, nullptr, 100));
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PARAMETER);
-    SetLastError(0);
-    EXPECT_FALSE(BranoRegisterModuleResources(nullptr, good.data(), good.size()));
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(BranoRegisterModuleResources(module, good.data(), 0), FALSE, ERROR_INVALID_DATA);
+    EXPECT_FAILS_WITH(BranoRegisterModuleResources(module, nullptr, 100), FALSE, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(BranoRegisterModuleResources(nullptr, good.data(), good.size()), FALSE,
+                      ERROR_INVALID_PARAMETER);
     ExpectFindFails(module, Id(9), Id(kRtRcData), ERROR_MOD_NOT_FOUND);
 }

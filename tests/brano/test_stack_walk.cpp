@@ -68,7 +68,7 @@ Walk WalkFromTestChain(int skip)
 
 } // namespace
 
-TEST(StackWalk, KnownCallChainAppearsInOrder)
+TEST(StackWalk, KnownCallChainAppearsInOrderSkipDropsInnerFramesAndTheCallbackCanStop)
 {
     Walk walk = WalkFromTestChain(0);
     ASSERT_GE(walk.frames.size(), 4u);
@@ -81,27 +81,19 @@ TEST(StackWalk, KnownCallChainAppearsInOrder)
         EXPECT_NE(text.find(" in brano_tests "), std::string::npos) << text;
         EXPECT_EQ(text.rfind("#" + std::to_string(i) + " 0x", 0), 0u) << text;
     }
-}
 
-TEST(StackWalk, SkipDropsInnerFrames)
-{
-    Walk all = WalkFromTestChain(0);
     Walk skipped = WalkFromTestChain(2);
     ASSERT_GE(skipped.frames.size(), 1u);
-    EXPECT_EQ(skipped.frames.size() + 2, all.frames.size());
+    EXPECT_EQ(skipped.frames.size() + 2, walk.frames.size());
     EXPECT_NE(Format(skipped.frames[0]).find("StackWalkTestOutermost"), std::string::npos);
     EXPECT_EQ(skipped.frames[0].index, 0u);
     Walk none = WalkFromTestChain(100000);
     EXPECT_TRUE(none.frames.empty());
     EXPECT_EQ(t_visited, 0);
-}
-
-TEST(StackWalk, CallbackCanStopTheWalk)
-{
-    Walk walk;
-    walk.stopAfter = 2;
-    EXPECT_EQ(OSWalkStack(0, CollectFrames, &walk), 2);
-    EXPECT_EQ(walk.frames.size(), 2u);
+    Walk stopped;
+    stopped.stopAfter = 2;
+    EXPECT_EQ(OSWalkStack(0, CollectFrames, &stopped), 2) << "the callback stops the walk";
+    EXPECT_EQ(stopped.frames.size(), 2u);
 }
 
 TEST(StackWalk, NullCallbackPrintsFrames)
@@ -118,23 +110,12 @@ TEST(StackWalk, NullCallbackPrintsFrames)
     EXPECT_NE(output.find("(main+0x"), std::string::npos) << output;
 }
 
-TEST(StackFrameFormat, AddressOnlyWithoutFlag)
+TEST(StackFrameFormat, SymbolsOnlyWithTheFlagAndForKnownAddresses)
 {
-    OSSTACKFRAME frame = {reinterpret_cast<void *>(0x1234abcd), nullptr, 7};
-    EXPECT_EQ(Format(frame, 0), "#7 0x1234abcd");
-}
-
-TEST(StackFrameFormat, FunctionAddressNamesItsOwnSymbol)
-{
-    OSSTACKFRAME frame = {reinterpret_cast<void *>(&StackWalkTestMiddle), nullptr, 0};
-    const std::string text = Format(frame);
+    EXPECT_EQ(Format({reinterpret_cast<void *>(0x1234abcd), nullptr, 7}, 0), "#7 0x1234abcd");
+    EXPECT_EQ(Format({reinterpret_cast<void *>(0x10), nullptr, 1}), "#1 0x10") << "no module";
+    const std::string text = Format({reinterpret_cast<void *>(&StackWalkTestMiddle), nullptr, 0});
     EXPECT_NE(text.find("(StackWalkTestMiddle+0x0)"), std::string::npos) << text;
-}
-
-TEST(StackFrameFormat, UnknownAddressHasNoModule)
-{
-    OSSTACKFRAME frame = {reinterpret_cast<void *>(0x10), nullptr, 1};
-    EXPECT_EQ(Format(frame), "#1 0x10");
 }
 
 TEST(StackFrameFormat, TruncatesAndTerminates)

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <string>
 
+#include "expect_last_error.h"
 #include "locale_child.h"
 
 namespace {
@@ -39,16 +40,12 @@ constexpr LCID kSwedish = 0x041D;
 
 // ---- Lengths and copies ------------------------------------------------------
 
-TEST(StringCopy, LengthsAcceptNull)
+TEST(StringCopy, LengthsCopiesAndAppendsAndNullArgumentsGiveNullWithoutFaulting)
 {
     EXPECT_EQ(lstrlenA(nullptr), 0);
     EXPECT_EQ(lstrlenW(nullptr), 0);
     EXPECT_EQ(lstrlenA("four"), 4);
     EXPECT_EQ(lstrlenW(W(u"\u4E2D\u6587")), 2);
-}
-
-TEST(StringCopy, CopyAndAppend)
-{
     char bytes[16];
     EXPECT_EQ(lstrcpyA(bytes, "abc"), bytes);
     EXPECT_EQ(lstrcatA(bytes, "def"), bytes);
@@ -57,25 +54,22 @@ TEST(StringCopy, CopyAndAppend)
     EXPECT_EQ(lstrcpyW(wide, W(u"ab")), wide);
     EXPECT_EQ(lstrcatW(wide, W(u"\u00E9")), wide);
     EXPECT_EQ(U(wide), u"ab\u00E9");
-}
 
-TEST(StringCopy, NullArgumentsGiveNullWithoutFaulting)
-{
-    char bytes[8] = "keep";
-    WCHAR wide[8] = {'k', 0};
+    char kept[8] = "keep";
+    WCHAR keptWide[8] = {'k', 0};
     EXPECT_EQ(lstrcpyA(nullptr, "x"), nullptr);
-    EXPECT_EQ(lstrcpyA(bytes, nullptr), nullptr);
-    EXPECT_EQ(lstrcpyW(wide, nullptr), nullptr);
+    EXPECT_EQ(lstrcpyA(kept, nullptr), nullptr);
+    EXPECT_EQ(lstrcpyW(keptWide, nullptr), nullptr);
     EXPECT_EQ(lstrcatA(nullptr, "x"), nullptr);
-    EXPECT_EQ(lstrcatA(bytes, nullptr), nullptr);
+    EXPECT_EQ(lstrcatA(kept, nullptr), nullptr);
     EXPECT_EQ(lstrcatW(nullptr, W(u"x")), nullptr);
     EXPECT_EQ(lstrcpynA(nullptr, "x", 4), nullptr);
-    EXPECT_EQ(lstrcpynA(bytes, nullptr, 4), nullptr);
-    EXPECT_EQ(lstrcpynW(wide, nullptr, 4), nullptr);
-    EXPECT_STREQ(bytes, "keep");
+    EXPECT_EQ(lstrcpynA(kept, nullptr, 4), nullptr);
+    EXPECT_EQ(lstrcpynW(keptWide, nullptr, 4), nullptr);
+    EXPECT_STREQ(kept, "keep");
 }
 
-TEST(StringCopy, BoundedCopyTruncatesAndTerminates)
+TEST(StringCopy, BoundedCopyTruncatesAndTerminatesAndASizeBelowOneWritesNothing)
 {
     char bytes[8];
     std::memset(bytes, 'Z', sizeof bytes);
@@ -84,6 +78,9 @@ TEST(StringCopy, BoundedCopyTruncatesAndTerminates)
     EXPECT_EQ(bytes[4], 'Z');
     EXPECT_EQ(lstrcpynA(bytes, "ab", 8), bytes);
     EXPECT_STREQ(bytes, "ab");
+    EXPECT_EQ(lstrcpynA(bytes, "new", 0), bytes);
+    EXPECT_EQ(lstrcpynA(bytes, "new", -3), bytes);
+    EXPECT_STREQ(bytes, "ab");
     EXPECT_EQ(lstrcpynA(bytes, "ab", 1), bytes);
     EXPECT_STREQ(bytes, "");
     WCHAR wide[4] = {'x', 'x', 'x', 'x'};
@@ -91,16 +88,7 @@ TEST(StringCopy, BoundedCopyTruncatesAndTerminates)
     EXPECT_EQ(U(wide), u"\u4E2D\u6587");
 }
 
-TEST(StringCopy, BoundedCopyOfZeroWritesNothing)
-{
-    char bytes[4] = "old";
-    EXPECT_EQ(lstrcpynA(bytes, "new", 0), bytes);
-    EXPECT_STREQ(bytes, "old");
-    EXPECT_EQ(lstrcpynA(bytes, "new", -3), bytes);
-    EXPECT_STREQ(bytes, "old");
-}
-
-TEST(HostCopy, CstrncpyAlwaysTerminates)
+TEST(HostCopy, CstrncpyAlwaysTerminatesAndCsetmemFillsExactlyTheBlock)
 {
     char bytes[8];
     std::memset(bytes, 'Z', sizeof bytes);
@@ -114,58 +102,35 @@ TEST(HostCopy, CstrncpyAlwaysTerminates)
     EXPECT_EQ(Cstrncpy(bytes, nullptr, 4), bytes);
     EXPECT_STREQ(bytes, "");
     EXPECT_EQ(Cstrncpy(nullptr, "x", 4), nullptr);
-}
 
-TEST(HostCopy, CsetmemFillsExactlyTheBlock)
-{
     unsigned char block[6] = {1, 1, 1, 1, 1, 1};
     EXPECT_EQ(Csetmem(block + 1, 4, 0x1FF), block + 1);
-    EXPECT_EQ(block[0], 1);
-    for (int i = 1; i < 5; ++i)
-        EXPECT_EQ(block[i], 0xFF);
-    EXPECT_EQ(block[5], 1);
+    const unsigned char filled[6] = {1, 0xFF, 0xFF, 0xFF, 0xFF, 1};
+    EXPECT_EQ(std::memcmp(block, filled, sizeof block), 0);
     EXPECT_EQ(Csetmem(nullptr, 4, 0), nullptr);
 }
 
 // ---- MulDiv ----------------------------------------------------------------------
 
-TEST(MulDiv, RoundsHalfAwayFromZero)
+TEST(MulDiv, RoundsHalfAwayFromZeroWithA64BitIntermediateAndFailsWithMinusOne)
 {
-    EXPECT_EQ(MulDiv(1, 1, 2), 1);
-    EXPECT_EQ(MulDiv(-1, 1, 2), -1);
-    EXPECT_EQ(MulDiv(1, -1, 2), -1);
-    EXPECT_EQ(MulDiv(1, 1, -2), -1);
-    EXPECT_EQ(MulDiv(-1, -1, -2), -1);
-    EXPECT_EQ(MulDiv(5, 3, 4), 4);   // 3.75
-    EXPECT_EQ(MulDiv(5, 1, 4), 1);   // 1.25
-    EXPECT_EQ(MulDiv(-5, 3, 4), -4);
-    EXPECT_EQ(MulDiv(-5, 1, 4), -1);
-    EXPECT_EQ(MulDiv(3, 1, 2), 2);   // 1.5
-    EXPECT_EQ(MulDiv(-3, 1, 2), -2);
-    EXPECT_EQ(MulDiv(2, 1, 3), 1);
-    EXPECT_EQ(MulDiv(1, 1, 3), 0);
-}
-
-TEST(MulDiv, UsesA64BitIntermediate)
-{
-    EXPECT_EQ(MulDiv(INT_MAX, INT_MAX, INT_MAX), INT_MAX);
-    EXPECT_EQ(MulDiv(100000, 100000, 1000), 10000000);
-    EXPECT_EQ(MulDiv(INT_MIN, 1, 1), INT_MIN);
-    EXPECT_EQ(MulDiv(96, 72, 96), 72);
-}
-
-TEST(MulDiv, DivisionByZeroAndOverflowGiveMinusOne)
-{
-    EXPECT_EQ(MulDiv(5, 5, 0), -1);
-    EXPECT_EQ(MulDiv(0, 0, 0), -1);
-    EXPECT_EQ(MulDiv(INT_MAX, 2, 1), -1);
-    EXPECT_EQ(MulDiv(INT_MIN, -1, 1), -1);
-    EXPECT_EQ(MulDiv(INT_MIN, 2, 1), -1);
+    // {number, numerator, denominator, result}
+    const int cases[][4] = {
+        // Halves round away from zero, whatever the signs.
+        {1, 1, 2, 1}, {-1, 1, 2, -1}, {1, -1, 2, -1}, {1, 1, -2, -1}, {-1, -1, -2, -1}, {3, 1, 2, 2}, {-3, 1, 2, -2},
+        {5, 3, 4, 4}, {5, 1, 4, 1}, {-5, 3, 4, -4}, {-5, 1, 4, -1}, {2, 1, 3, 1}, {1, 1, 3, 0}, {96, 72, 96, 72},
+        // The product is 64 bits wide.
+        {100000, 100000, 1000, 10000000}, {INT_MAX, INT_MAX, INT_MAX, INT_MAX}, {INT_MIN, 1, 1, INT_MIN},
+        // Division by zero and results that do not fit.
+        {5, 5, 0, -1}, {0, 0, 0, -1}, {INT_MAX, 2, 1, -1}, {INT_MIN, -1, 1, -1}, {INT_MIN, 2, 1, -1},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(MulDiv(c[0], c[1], c[2]), c[3]) << c[0] << " * " << c[1] << " / " << c[2];
 }
 
 // ---- CompareString -----------------------------------------------------------------
 
-TEST(CompareString, OrdersLinguistically)
+TEST(CompareString, OrdersLinguisticallyByTheLocale)
 {
     EXPECT_EQ(Compare(kEnglishUs, 0, u"abc", u"abd"), CSTR_LESS_THAN);
     EXPECT_EQ(Compare(kEnglishUs, 0, u"abd", u"abc"), CSTR_GREATER_THAN);
@@ -175,9 +140,13 @@ TEST(CompareString, OrdersLinguistically)
     EXPECT_EQ(Compare(kEnglishUs, 0, u"a", u"B"), CSTR_LESS_THAN);
     EXPECT_EQ(Compare(kEnglishUs, 0, u"B", u"a"), CSTR_GREATER_THAN);
     EXPECT_EQ(Compare(kEnglishUs, 0, u"", u"a"), CSTR_LESS_THAN);
+    // Swedish sorts a-umlaut after z; English sorts it with a.
+    EXPECT_EQ(Compare(kEnglishUs, 0, u"\u00E4", u"z"), CSTR_LESS_THAN);
+    EXPECT_EQ(Compare(kSwedish, 0, u"\u00E4", u"z"), CSTR_GREATER_THAN);
+    EXPECT_EQ(Compare(LOCALE_INVARIANT, 0, u"a", u"B"), CSTR_LESS_THAN);
 }
 
-TEST(CompareString, CaseAndAccentFlags)
+TEST(CompareString, CaseAccentSymbolKanaWidthAndDigitFlagsAndWordSort)
 {
     EXPECT_EQ(Compare(kEnglishUs, NORM_IGNORECASE, u"Hello", u"hELLO"), CSTR_EQUAL);
     EXPECT_EQ(Compare(kEnglishUs, 0, u"caf\u00E9", u"cafe"), CSTR_GREATER_THAN);
@@ -188,10 +157,6 @@ TEST(CompareString, CaseAndAccentFlags)
     EXPECT_EQ(Compare(kEnglishUs, NORM_IGNORENONSPACE | NORM_IGNORECASE, u"caf\u00E9", u"CAFE"), CSTR_EQUAL);
     // Precomposed and decomposed forms are the same text.
     EXPECT_EQ(Compare(kEnglishUs, 0, u"\u00E9", u"e\u0301"), CSTR_EQUAL);
-}
-
-TEST(CompareString, WordSortKeepsHyphenatedWordsTogether)
-{
     EXPECT_EQ(Compare(kEnglishUs, 0, u"coo", u"co-op"), CSTR_LESS_THAN);
     EXPECT_EQ(Compare(kEnglishUs, 0, u"co-op", u"cop"), CSTR_LESS_THAN);
     EXPECT_EQ(Compare(kEnglishUs, 0, u"it's", u"itself"), CSTR_LESS_THAN);
@@ -199,10 +164,6 @@ TEST(CompareString, WordSortKeepsHyphenatedWordsTogether)
     EXPECT_NE(Compare(kEnglishUs, 0, u"co-op", u"coop"), CSTR_EQUAL);
     // String sort treats the hyphen as a symbol, before all letters.
     EXPECT_EQ(Compare(kEnglishUs, SORT_STRINGSORT, u"co-op", u"coo"), CSTR_LESS_THAN);
-}
-
-TEST(CompareString, SymbolKanaWidthAndDigitFlags)
-{
     EXPECT_EQ(Compare(kEnglishUs, NORM_IGNORESYMBOLS, u"a.b, c!", u"abc"), CSTR_EQUAL);
     EXPECT_NE(Compare(kEnglishUs, 0, u"a.b", u"ab"), CSTR_EQUAL);
     EXPECT_NE(Compare(kEnglishUs, 0, u"\u30AB", u"\u304B"), CSTR_EQUAL);
@@ -214,40 +175,12 @@ TEST(CompareString, SymbolKanaWidthAndDigitFlags)
     EXPECT_EQ(Compare(kEnglishUs, SORT_DIGITSASNUMBERS, u"file10", u"file9"), CSTR_GREATER_THAN);
 }
 
-TEST(CompareString, ExplicitLengths)
+TEST(CompareString, ExplicitLengthsAndTheAnsiForm)
 {
     EXPECT_EQ(CompareStringW(kEnglishUs, 0, W(u"abcX"), 3, W(u"abcY"), 3), CSTR_EQUAL);
     EXPECT_EQ(CompareStringW(kEnglishUs, 0, W(u"abc"), 2, W(u"abc"), -1), CSTR_LESS_THAN);
     EXPECT_EQ(CompareStringW(kEnglishUs, 0, W(u"x"), 0, W(u"y"), 0), CSTR_EQUAL);
     EXPECT_EQ(CompareStringA(kEnglishUs, 0, "abcX", 3, "abcY", 3), CSTR_EQUAL);
-}
-
-TEST(CompareString, FollowsTheLocale)
-{
-    // Swedish sorts a-umlaut after z; English sorts it with a.
-    EXPECT_EQ(Compare(kEnglishUs, 0, u"\u00E4", u"z"), CSTR_LESS_THAN);
-    EXPECT_EQ(Compare(kSwedish, 0, u"\u00E4", u"z"), CSTR_GREATER_THAN);
-    EXPECT_EQ(Compare(LOCALE_INVARIANT, 0, u"a", u"B"), CSTR_LESS_THAN);
-}
-
-TEST(CompareString, BadArguments)
-{
-    SetLastError(0);
-    EXPECT_EQ(CompareStringW(kEnglishUs, 0, nullptr, -1, W(u"a"), -1), 0);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PARAMETER);
-    SetLastError(0);
-    EXPECT_EQ(CompareStringA(kEnglishUs, 0, "a", -1, nullptr, -1), 0);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PARAMETER);
-    SetLastError(0);
-    EXPECT_EQ(CompareStringW(kEnglishUs, 0x00400000, W(u"a"), -1, W(u"a"), -1), 0);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_FLAGS);
-    SetLastError(0);
-    EXPECT_EQ(CompareStringW(0x1234, 0, W(u"a"), -1, W(u"a"), -1), 0);
-    EXPECT_EQ(GetLastError(), (DWORD)ERROR_INVALID_PARAMETER);
-}
-
-TEST(CompareString, AnsiFormConvertsThroughTheAnsiPage)
-{
     EXPECT_EQ(CompareStringA(kEnglishUs, NORM_IGNORECASE, "HELLO", -1, "hello", -1), CSTR_EQUAL);
     EXPECT_EQ(CompareStringA(kEnglishUs, 0, "apple", -1, "Banana", -1), CSTR_LESS_THAN);
     SetLastError(0xBEEF);
@@ -255,9 +188,17 @@ TEST(CompareString, AnsiFormConvertsThroughTheAnsiPage)
     EXPECT_EQ(GetLastError(), 0xBEEFu);
 }
 
+TEST(CompareString, BadArguments)
+{
+    EXPECT_FAILS_WITH(CompareStringW(kEnglishUs, 0, nullptr, -1, W(u"a"), -1), 0, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(CompareStringA(kEnglishUs, 0, "a", -1, nullptr, -1), 0, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(CompareStringW(kEnglishUs, 0x00400000, W(u"a"), -1, W(u"a"), -1), 0, ERROR_INVALID_FLAGS);
+    EXPECT_FAILS_WITH(CompareStringW(0x1234, 0, W(u"a"), -1, W(u"a"), -1), 0, ERROR_INVALID_PARAMETER);
+}
+
 // ---- lstrcmp ---------------------------------------------------------------------
 
-TEST(Lstrcmp, NullSortsFirst)
+TEST(Lstrcmp, NullSortsFirstAndTheOrderIsLinguisticNotOrdinal)
 {
     EXPECT_EQ(lstrcmpA(nullptr, nullptr), 0);
     EXPECT_LT(lstrcmpA(nullptr, ""), 0);
@@ -265,20 +206,12 @@ TEST(Lstrcmp, NullSortsFirst)
     EXPECT_EQ(lstrcmpW(nullptr, nullptr), 0);
     EXPECT_LT(lstrcmpiW(nullptr, W(u"a")), 0);
     EXPECT_GT(lstrcmpiA("a", nullptr), 0);
-}
-
-TEST(Lstrcmp, IsLinguisticNotOrdinal)
-{
     // Code unit order would put "B" (0x42) before "a" (0x61).
     EXPECT_LT(lstrcmpA("a", "B"), 0);
     EXPECT_LT(lstrcmpW(W(u"a"), W(u"B")), 0);
     EXPECT_LT(lstrcmpW(W(u"abc"), W(u"ABC")), 0);
     EXPECT_EQ(lstrcmpW(W(u"same"), W(u"same")), 0);
     EXPECT_GT(lstrcmpA("b", "a"), 0);
-}
-
-TEST(Lstrcmp, CaseInsensitiveForms)
-{
     EXPECT_EQ(lstrcmpiA("MiXeD", "mixed"), 0);
     EXPECT_EQ(lstrcmpiW(W(u"\u00C9T\u00C9"), W(u"\u00E9t\u00E9")), 0);
     EXPECT_LT(lstrcmpiW(W(u"apple"), W(u"BANANA")), 0);
@@ -304,21 +237,23 @@ TEST(Lstrcmp, UsesTheProcessLocale)
 
 // ---- Character helpers -------------------------------------------------------------
 
-TEST(CharCase, WideStringsInPlace)
+TEST(CharCase, StringsInPlaceOneToOneAndSingleCharactersInThePointer)
 {
     char16_t text[] = u"Hello \u00C9T\u00C9 \u0130 \u03A3";
     EXPECT_EQ(CharLowerW(W(text)), W(text));
     EXPECT_EQ(std::u16string(text), u"hello \u00E9t\u00E9 i \u03C3");
     EXPECT_EQ(CharUpperW(W(text)), W(text));
     EXPECT_EQ(std::u16string(text), u"HELLO \u00C9T\u00C9 I \u03A3");
-}
+    char ansi[] = "MiXeD 123 [Z]";
+    EXPECT_EQ(CharLowerA(ansi), ansi);
+    EXPECT_STREQ(ansi, "mixed 123 [z]");
+    EXPECT_EQ(CharUpperA(ansi), ansi);
+    EXPECT_STREQ(ansi, "MIXED 123 [Z]");
 
-TEST(CharCase, WideStringsKeepTheirLength)
-{
     // Full case mapping would turn sharp s into "SS"; Win32 maps one to one.
-    char16_t text[] = u"stra\u00DFe";
-    CharUpperW(W(text));
-    EXPECT_EQ(std::u16string(text), u"STRA\u00DFE");
+    char16_t street[] = u"stra\u00DFe";
+    CharUpperW(W(street));
+    EXPECT_EQ(std::u16string(street), u"STRA\u00DFE");
     char16_t deseret[] = u"\U00010400x";
     CharLowerW(W(deseret));
     EXPECT_EQ(std::u16string(deseret), u"\U00010428x");
@@ -326,10 +261,7 @@ TEST(CharCase, WideStringsKeepTheirLength)
     CharLowerW(W(lone));
     EXPECT_EQ(lone[0], 0xD801);
     EXPECT_EQ(lone[1], u'a');
-}
 
-TEST(CharCase, SingleCharacterInThePointer)
-{
     EXPECT_EQ((UINT_PTR)CharLowerW((LPWSTR)(UINT_PTR)u'Q'), (UINT_PTR)u'q');
     EXPECT_EQ((UINT_PTR)CharUpperW((LPWSTR)(UINT_PTR)0x00E9), (UINT_PTR)0x00C9);
     EXPECT_EQ((UINT_PTR)CharUpperW((LPWSTR)(UINT_PTR)u'7'), (UINT_PTR)u'7');
@@ -338,16 +270,7 @@ TEST(CharCase, SingleCharacterInThePointer)
     EXPECT_EQ(CharLowerW(nullptr), nullptr);
 }
 
-TEST(CharCase, AnsiAsciiInPlace)
-{
-    char text[] = "MiXeD 123 [Z]";
-    EXPECT_EQ(CharLowerA(text), text);
-    EXPECT_STREQ(text, "mixed 123 [z]");
-    EXPECT_EQ(CharUpperA(text), text);
-    EXPECT_STREQ(text, "MIXED 123 [Z]");
-}
-
-TEST(CharNextPrev, WideStopsAtTheEnds)
+TEST(CharNextPrev, StopAtTheEndsAndWideMovesOverCombiningMarksAndPairs)
 {
     const WCHAR *text = W(u"ab");
     EXPECT_EQ(CharNextW(text), text + 1);
@@ -356,32 +279,24 @@ TEST(CharNextPrev, WideStopsAtTheEnds)
     EXPECT_EQ(CharPrevW(text, text), text);
     EXPECT_EQ(CharPrevW(text, text + 1), text);
     EXPECT_EQ(CharNextW(nullptr), nullptr);
-}
-
-TEST(CharNextPrev, WideMovesOverCombiningMarksAndPairs)
-{
-    const WCHAR *text = W(u"a\u030A\u0301b\U0001F600c");
-    EXPECT_EQ(CharNextW(text), text + 3);
-    EXPECT_EQ(CharNextW(text + 3), text + 4);
-    EXPECT_EQ(CharNextW(text + 4), text + 6);
-    EXPECT_EQ(CharPrevW(text, text + 3), text);
-    EXPECT_EQ(CharPrevW(text, text + 6), text + 4);
+    const char *ansi = "ab";
+    EXPECT_EQ(CharNextA(ansi), ansi + 1);
+    EXPECT_EQ(CharNextA(ansi + 2), ansi + 2);
+    EXPECT_EQ(CharPrevA(ansi, ansi + 2), ansi + 1);
+    EXPECT_EQ(CharPrevA(ansi, ansi), ansi);
+    EXPECT_EQ(CharNextA(nullptr), nullptr);
+    const WCHAR *marked = W(u"a\u030A\u0301b\U0001F600c");
+    EXPECT_EQ(CharNextW(marked), marked + 3);
+    EXPECT_EQ(CharNextW(marked + 3), marked + 4);
+    EXPECT_EQ(CharNextW(marked + 4), marked + 6);
+    EXPECT_EQ(CharPrevW(marked, marked + 3), marked);
+    EXPECT_EQ(CharPrevW(marked, marked + 6), marked + 4);
     // A mark at the very start stays where it is.
     const WCHAR *mark = W(u"\u0301x");
     EXPECT_EQ(CharPrevW(mark, mark + 1), mark);
 }
 
-TEST(CharNextPrev, AnsiAsciiText)
-{
-    const char *text = "ab";
-    EXPECT_EQ(CharNextA(text), text + 1);
-    EXPECT_EQ(CharNextA(text + 2), text + 2);
-    EXPECT_EQ(CharPrevA(text, text + 2), text + 1);
-    EXPECT_EQ(CharPrevA(text, text), text);
-    EXPECT_EQ(CharNextA(nullptr), nullptr);
-}
-
-TEST(CharClass, WideCharacters)
+TEST(CharClass, LettersAndDigits)
 {
     EXPECT_TRUE(IsCharAlphaW(u'a'));
     EXPECT_TRUE(IsCharAlphaW(0x00E9));
@@ -391,10 +306,6 @@ TEST(CharClass, WideCharacters)
     EXPECT_TRUE(IsCharAlphaNumericW(u'1'));
     EXPECT_TRUE(IsCharAlphaNumericW(u'z'));
     EXPECT_FALSE(IsCharAlphaNumericW(u' '));
-}
-
-TEST(CharClass, AnsiAscii)
-{
     EXPECT_TRUE(IsCharAlphaA('a'));
     EXPECT_FALSE(IsCharAlphaA('1'));
     EXPECT_TRUE(IsCharAlphaNumericA('1'));

@@ -6,7 +6,7 @@
 #include <thread>
 #include <unistd.h>
 
-TEST(ThreadTime, ThreadIdIsTheKernelThreadId)
+TEST(ThreadTime, ThreadAndProcessIdsAreTheKernels)
 {
     const DWORD id = GetCurrentThreadId();
     EXPECT_NE(id, 0u);
@@ -17,10 +17,6 @@ TEST(ThreadTime, ThreadIdIsTheKernelThreadId)
     thread.join();
     EXPECT_NE(other, 0u);
     EXPECT_NE(other, id);
-}
-
-TEST(ThreadTime, ProcessId)
-{
     EXPECT_EQ(GetCurrentProcessId(), static_cast<DWORD>(getpid()));
 }
 

@@ -46,64 +46,25 @@ std::string LangOf(UINT charset)
 
 } // namespace
 
-TEST(CharsetTables, CharsetInfoRowsAndEnd)
-{
-    const vorlan::VorlCharsetInfo *rows = vorlan::gs_VorlCharsetInfo;
-    EXPECT_EQ(rows[0].nCharset, 0u);
-    EXPECT_EQ(rows[0].nCodepage, 1252u);
-    EXPECT_EQ(rows[1].nCharset, 2u);
-    EXPECT_EQ(rows[1].nCodepage, 42u);
-    EXPECT_EQ(rows[13].nCharset, 238u);
-    EXPECT_EQ(rows[13].nCodepage, 1250u);
-    EXPECT_EQ(rows[14].nCharset, 0u);
-    EXPECT_EQ(rows[14].nCodepage, 0u);
-}
-
-TEST(CharsetTables, MappingRows)
-{
-    const vorlan::CharsetMapping *rows = vorlan::charset_mapping;
-    EXPECT_EQ(rows[1].nCharset, 65001u);
-    EXPECT_STREQ(rows[1].szLang, "en-utf8");
-    EXPECT_STREQ(rows[1].szLocale, "en_US.UTF-8");
-    EXPECT_STREQ(rows[5].szLocale, "zh_TW.big5");
-    EXPECT_EQ(rows[10].nCharset, 163u);
-    EXPECT_EQ(rows[10].nCodepage, 1258u);
-    EXPECT_STREQ(rows[11].szLang, "th");
-    EXPECT_EQ(sizeof(rows[0].szLang), 32u);
-    EXPECT_EQ(sizeof(rows[0].szLocale), 32u);
-}
-
-TEST(CharsetByCodepage, TableLookups)
+TEST(CharsetByCodepage, TableLookupsAndUnknownPagesGiveZero)
 {
     EXPECT_EQ(vorlan::getCharsetByCodepage(1252), 0u);
     EXPECT_EQ(vorlan::getCharsetByCodepage(932), 128u);
     EXPECT_EQ(vorlan::getCharsetByCodepage(1250), 238u);
     EXPECT_EQ(vorlan::getCharsetByCodepage(42), 2u);
-}
-
-TEST(CharsetByCodepage, UnknownPagesGiveZero)
-{
     EXPECT_EQ(vorlan::getCharsetByCodepage(1258), 0u);
     EXPECT_EQ(vorlan::getCharsetByCodepage(65001), 0u);
     EXPECT_EQ(vorlan::getCharsetByCodepage(0), 0u);
 }
 
-TEST(CodepageByCharset, DefaultCharsetsGiveProcessPage)
+TEST(CodepageByCharset, DefaultCharsetsGiveTheProcessPageUnknownOnesWestern)
 {
     EXPECT_EQ(vorlan::getCodepageByCharset(0), GetACP());
     EXPECT_EQ(vorlan::getCodepageByCharset(1), vorlan::getCodepageByCharset(0));
-}
-
-TEST(CodepageByCharset, TableLookups)
-{
     EXPECT_EQ(vorlan::getCodepageByCharset(238), 1250u);
     EXPECT_EQ(vorlan::getCodepageByCharset(128), 932u);
     EXPECT_EQ(vorlan::getCodepageByCharset(2), 42u);
     EXPECT_EQ(vorlan::getCodepageByCharset(222), 874u);
-}
-
-TEST(CodepageByCharset, UnknownCharsetsGiveWestern)
-{
     EXPECT_EQ(vorlan::getCodepageByCharset(163), 1252u);
     EXPECT_EQ(vorlan::getCodepageByCharset(77), 1252u);
 }
@@ -118,19 +79,15 @@ TEST(CodepageByCharset, OemCharsetIsReported)
     EXPECT_EQ(output, "Don't know how to map charset 255\n");
 }
 
-TEST(LangByCharset, NamedCharsets)
+TEST(LangByCharset, NamedCharsetsAndANullStringIsIgnored)
 {
     EXPECT_EQ(LangOf(128), "prefix:ja");
     EXPECT_EQ(LangOf(163), "prefix:vi");
     EXPECT_EQ(LangOf(238), "prefix:en-us");
-}
-
-TEST(LangByCharset, NullStringIsIgnored)
-{
     vorlan::getLangByCharset(128, nullptr);
 }
 
-TEST(LangByCharset, DefaultCharsetMatchesWholeLangIgnoringCase)
+TEST(LangByCharset, DefaultCharsetMatchesWholeLangIgnoringCaseAndNoLangGivesEnglish)
 {
     {
         ScopedLang lang("ZH_cn");
@@ -145,10 +102,6 @@ TEST(LangByCharset, DefaultCharsetMatchesWholeLangIgnoringCase)
         ScopedLang lang("en_US.UTF-8");
         EXPECT_EQ(LangOf(0), "prefix:en-utf8");
     }
-}
-
-TEST(LangByCharset, NoLangGivesEnglish)
-{
     ScopedLang lang(nullptr);
     EXPECT_EQ(LangOf(0), "prefix:en-us");
 }

@@ -47,27 +47,40 @@ struct Family {
     HWND leaf = nullptr;
 };
 
+WINDOWPOS SizeChange(HWND hwnd, int cx, int cy, UINT flags = SWP_NOZORDER | SWP_NOMOVE)
+{
+    WINDOWPOS wp = {};
+    wp.hwnd = hwnd;
+    wp.cx = cx;
+    wp.cy = cy;
+    wp.flags = flags;
+    return wp;
+}
+
+// Each test records the messages of windows of one class.
+class DefaultProcedure : public ::testing::Test {
+protected:
+    // A 50 x 50 top-level popup at the given place, with nothing recorded yet.
+    HWND Popup(int x = 0, int y = 0)
+    {
+        const HWND hwnd = recorder.Create(WS_POPUP, x, y, 50, 50);
+        EXPECT_NE(hwnd, nullptr);
+        recorder.Clear();
+        return hwnd;
+    }
+
+    MessageRecorder recorder{"VorlanDefaultProcedure"};
+};
+
 } // namespace
 
-TEST(DefaultProcedure, UnknownMessageGivesZeroAndSendsNothing)
+TEST_F(DefaultProcedure, UnknownMessagesGiveZeroAndSendNothingOthersHaveFixedAnswers)
 {
-    MessageRecorder recorder("VorlanDefUnknown");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 50, 50);
-    ASSERT_NE(hwnd, nullptr);
-    recorder.Clear();
+    const HWND hwnd = Popup();
     EXPECT_EQ(DefWindowProcW(hwnd, WM_USER + 321, 1, 2), 0);
     EXPECT_EQ(DefWindowProcA(hwnd, WM_APP + 5, 1, 2), 0);
     EXPECT_EQ(DefWindowProcW(hwnd, WM_GETMINMAXINFO, 0, 0), 0);
     EXPECT_TRUE(recorder.messages().empty());
-    DestroyWindow(hwnd);
-    EXPECT_EQ(DefWindowProcW(hwnd, WM_VKEYTOITEM, 0, 0), 0);
-}
-
-TEST(DefaultProcedure, FixedAnswers)
-{
-    MessageRecorder recorder("VorlanDefFixed");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 50, 50);
-    ASSERT_NE(hwnd, nullptr);
     EXPECT_EQ(DefWindowProcW(hwnd, WM_VKEYTOITEM, 'A', 0), -1);
     EXPECT_EQ(DefWindowProcW(hwnd, WM_NCACTIVATE, FALSE, 0), 1);
     EXPECT_EQ(DefWindowProcA(hwnd, WM_NCACTIVATE, TRUE, 0), 1);
@@ -76,13 +89,14 @@ TEST(DefaultProcedure, FixedAnswers)
     EXPECT_EQ(DefWindowProcW(hwnd, WM_CTLCOLORSTATIC, 0, 0), COLOR_BTNFACE + 1);
     // No class brush: the background is left alone.
     EXPECT_EQ(DefWindowProcW(hwnd, WM_ERASEBKGND, 0, 0), 0);
+    DestroyWindow(hwnd);
+    EXPECT_EQ(DefWindowProcW(hwnd, WM_VKEYTOITEM, 0, 0), 0);
 }
 
 // --- creation and text ---------------------------------------------------
 
-TEST(DefaultProcedure, NcCreateStoresTheTitleOfTheCreateStruct)
+TEST_F(DefaultProcedure, NcCreateStoresTheTitleOfTheCreateStructOnlyWhenPassedOn)
 {
-    MessageRecorder recorder("VorlanDefNcCreate");
     std::u16string before;
     std::u16string after;
     LRESULT answer = 0;
@@ -98,18 +112,14 @@ TEST(DefaultProcedure, NcCreateStoresTheTitleOfTheCreateStruct)
     EXPECT_EQ(answer, TRUE);
     EXPECT_EQ(after, u"Caption");
     EXPECT_EQ(TitleOf(hwnd), u"Caption");
-}
 
-TEST(DefaultProcedure, NcCreateAnsweredWithoutTheDefaultLeavesNoTitle)
-{
-    MessageRecorder recorder("VorlanDefNcCreateSkipped");
     recorder.Answer(WM_NCCREATE, [](HWND, WPARAM, LPARAM) { return TRUE; });
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 50, 50, nullptr, 0, 0, u"Caption");
-    ASSERT_NE(hwnd, nullptr);
-    EXPECT_EQ(TitleOf(hwnd), u"");
+    const HWND untitled = recorder.Create(WS_POPUP, 0, 0, 50, 50, nullptr, 0, 0, u"Caption");
+    ASSERT_NE(untitled, nullptr);
+    EXPECT_EQ(TitleOf(untitled), u"");
 }
 
-TEST(DefaultProcedure, NcCreateOfAnAnsiWindowReadsAnAnsiTitle)
+TEST(DefaultProcedureAnsi, NcCreateOfAnAnsiWindowReadsAnAnsiTitle)
 {
     MessageRecorder recorder("VorlanDefNcCreateAnsi", false);
     const HWND hwnd = CreateWindowExA(0, recorder.className(), "Narrow", WS_POPUP, 0, 0, 50, 50, nullptr, nullptr,
@@ -126,11 +136,9 @@ TEST(DefaultProcedure, NcCreateOfAnAnsiWindowReadsAnAnsiTitle)
     DestroyWindow(hwnd);
 }
 
-TEST(DefaultProcedure, TextMessagesCountInTheCallersForm)
+TEST_F(DefaultProcedure, TextMessagesCountInTheCallersForm)
 {
-    MessageRecorder recorder("VorlanDefText");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 50, 50);
-    ASSERT_NE(hwnd, nullptr);
+    const HWND hwnd = Popup();
     // U+00FC takes two bytes in UTF-8 but one unit in UTF-16.
     const char16_t text[] = u"gr\u00fcn";
     EXPECT_EQ(DefWindowProcW(hwnd, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text)), 1);
@@ -146,23 +154,15 @@ TEST(DefaultProcedure, TextMessagesCountInTheCallersForm)
 
 // --- activation and geometry ---------------------------------------------
 
-TEST(DefaultProcedure, MouseActivateOfATopLevelWindowActivates)
+TEST_F(DefaultProcedure, MouseActivateActivatesATopLevelWindowAndAsksAChildsParent)
 {
-    MessageRecorder recorder("VorlanDefMouseActivateTop");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 50, 50);
-    ASSERT_NE(hwnd, nullptr);
-    EXPECT_EQ(DefWindowProcW(hwnd, WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(hwnd),
-                             MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN)),
-              MA_ACTIVATE);
-}
-
-TEST(DefaultProcedure, MouseActivateOfAChildIsTheParentsAnswer)
-{
+    const HWND top = Popup();
+    const LPARAM click = MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN);
+    EXPECT_EQ(DefWindowProcW(top, WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(top), click), MA_ACTIVATE);
     MessageRecorder parents("VorlanDefMouseActivateParent");
-    MessageRecorder children("VorlanDefMouseActivateChild");
     parents.Answer(WM_MOUSEACTIVATE, [](HWND, WPARAM, LPARAM) { return MA_NOACTIVATEANDEAT; });
     const HWND parent = parents.Create(WS_POPUP, 0, 0, 100, 100);
-    const HWND child = children.Create(WS_CHILD, 0, 0, 50, 50, parent);
+    const HWND child = recorder.Create(WS_CHILD, 0, 0, 50, 50, parent);
     ASSERT_NE(child, nullptr);
     parents.Clear();
     const LPARAM lParam = MAKELPARAM(HTCLIENT, WM_RBUTTONDOWN);
@@ -174,23 +174,8 @@ TEST(DefaultProcedure, MouseActivateOfAChildIsTheParentsAnswer)
     EXPECT_EQ(asked[0].lParam, lParam);
 }
 
-namespace {
-
-WINDOWPOS SizeChange(HWND hwnd, int cx, int cy, UINT flags = SWP_NOZORDER | SWP_NOMOVE)
+TEST_F(DefaultProcedure, PosChangingKeepsSizableWindowsWithinTrackingLimitsAndLeavesOthersAlone)
 {
-    WINDOWPOS wp = {};
-    wp.hwnd = hwnd;
-    wp.cx = cx;
-    wp.cy = cy;
-    wp.flags = flags;
-    return wp;
-}
-
-} // namespace
-
-TEST(DefaultProcedure, PosChangingKeepsASizableWindowWithinTrackingLimits)
-{
-    MessageRecorder recorder("VorlanDefTrackLimits");
     const HWND hwnd = recorder.Create(WS_OVERLAPPED, 0, 0, 200, 200);
     ASSERT_NE(hwnd, nullptr);
     recorder.Clear();
@@ -205,29 +190,7 @@ TEST(DefaultProcedure, PosChangingKeepsASizableWindowWithinTrackingLimits)
     EXPECT_EQ(large.cx, 1024);
     EXPECT_EQ(large.cy, 768);
 
-    // The window's answer to WM_GETMINMAXINFO sets the limits; the maximum
-    // wins over the minimum.
-    MINMAXINFO offered = {};
-    recorder.Answer(WM_GETMINMAXINFO, [&](HWND, WPARAM, LPARAM lParam) {
-        auto *mmi = reinterpret_cast<MINMAXINFO *>(lParam);
-        offered = *mmi;
-        mmi->ptMinTrackSize = {250, 120};
-        mmi->ptMaxTrackSize = {240, 400};
-        return 0;
-    });
-    WINDOWPOS answered = SizeChange(hwnd, 10, 500);
-    DefWindowProcW(hwnd, WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LPARAM>(&answered));
-    EXPECT_EQ(offered.ptMinTrackSize.x, 100);
-    EXPECT_EQ(offered.ptMinTrackSize.y, 30);
-    EXPECT_EQ(offered.ptMaxTrackSize.x, 1024);
-    EXPECT_EQ(offered.ptMaxTrackSize.y, 768);
-    EXPECT_EQ(answered.cx, 240);
-    EXPECT_EQ(answered.cy, 400);
-}
-
-TEST(DefaultProcedure, PosChangingLeavesFixedSizeWindowsAndNoSizeChangesAlone)
-{
-    MessageRecorder recorder("VorlanDefTrackFixed");
+    // Fixed-size windows and changes without a size are left alone.
     const HWND popup = recorder.Create(WS_POPUP, 0, 0, 200, 200);
     const HWND child = recorder.Create(WS_CHILD, 0, 0, 50, 50, popup);
     const HWND sizablePopup = recorder.Create(WS_POPUP | WS_THICKFRAME, 0, 0, 200, 200);
@@ -250,11 +213,29 @@ TEST(DefaultProcedure, PosChangingLeavesFixedSizeWindowsAndNoSizeChangesAlone)
     EXPECT_EQ(noSize.cx, 10);
     EXPECT_EQ(noSize.cy, 5);
     EXPECT_EQ(DefWindowProcW(sizablePopup, WM_WINDOWPOSCHANGING, 0, 0), 0);
+
+    // The window's answer to WM_GETMINMAXINFO sets the limits; the maximum
+    // wins over the minimum.
+    MINMAXINFO offered = {};
+    recorder.Answer(WM_GETMINMAXINFO, [&](HWND, WPARAM, LPARAM lParam) {
+        auto *mmi = reinterpret_cast<MINMAXINFO *>(lParam);
+        offered = *mmi;
+        mmi->ptMinTrackSize = {250, 120};
+        mmi->ptMaxTrackSize = {240, 400};
+        return 0;
+    });
+    WINDOWPOS answered = SizeChange(hwnd, 10, 500);
+    DefWindowProcW(hwnd, WM_WINDOWPOSCHANGING, 0, reinterpret_cast<LPARAM>(&answered));
+    EXPECT_EQ(offered.ptMinTrackSize.x, 100);
+    EXPECT_EQ(offered.ptMinTrackSize.y, 30);
+    EXPECT_EQ(offered.ptMaxTrackSize.x, 1024);
+    EXPECT_EQ(offered.ptMaxTrackSize.y, 768);
+    EXPECT_EQ(answered.cx, 240);
+    EXPECT_EQ(answered.cy, 400);
 }
 
-TEST(DefaultProcedure, PosChangedReportsTheClientOriginAndSize)
+TEST_F(DefaultProcedure, PosChangedReportsTheClientOriginAndSizeUnlessThePrivateFlagsSayTheyStayed)
 {
-    MessageRecorder recorder("VorlanDefPosChanged");
     const HWND parent = recorder.Create(WS_POPUP, 40, 50, 300, 200);
     // A border of one pixel puts the client area inside the window.
     const HWND child = recorder.Create(WS_CHILD | WS_BORDER, 5, 6, 50, 40, parent);
@@ -277,34 +258,27 @@ TEST(DefaultProcedure, PosChangedReportsTheClientOriginAndSize)
     DefWindowProcW(parent, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&top));
     ASSERT_EQ(recorder.Of(parent, WM_MOVE).size(), 1u);
     EXPECT_EQ(recorder.Of(parent, WM_MOVE)[0].lParam, MAKELPARAM(40, 50));
-}
 
-TEST(DefaultProcedure, PosChangedSkipsWhatThePrivateFlagsSayStayed)
-{
-    MessageRecorder recorder("VorlanDefPosChangedFlags");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 60, 60);
-    ASSERT_NE(hwnd, nullptr);
+    const HWND popup = Popup();
     const UINT kClientSizeStays = 0x800;
     const UINT kClientStays = 0x1000;
+    WINDOWPOS sizeStays = SizeChange(popup, 50, 50, SWP_NOZORDER | kClientSizeStays);
+    DefWindowProcW(popup, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&sizeStays));
+    EXPECT_EQ(recorder.Sequence({popup}), (std::vector<std::string>{"0:MOVE"}));
     recorder.Clear();
-    WINDOWPOS sizeStays = SizeChange(hwnd, 60, 60, SWP_NOZORDER | kClientSizeStays);
-    DefWindowProcW(hwnd, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&sizeStays));
-    EXPECT_EQ(recorder.Sequence({hwnd}), (std::vector<std::string>{"0:MOVE"}));
+    WINDOWPOS placeStays = SizeChange(popup, 50, 50, SWP_NOZORDER | kClientStays);
+    DefWindowProcW(popup, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&placeStays));
+    EXPECT_EQ(recorder.Sequence({popup}), (std::vector<std::string>{"0:SIZE"}));
     recorder.Clear();
-    WINDOWPOS placeStays = SizeChange(hwnd, 60, 60, SWP_NOZORDER | kClientStays);
-    DefWindowProcW(hwnd, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&placeStays));
-    EXPECT_EQ(recorder.Sequence({hwnd}), (std::vector<std::string>{"0:SIZE"}));
-    recorder.Clear();
-    WINDOWPOS bothStay = SizeChange(hwnd, 60, 60, SWP_NOZORDER | kClientStays | kClientSizeStays);
-    DefWindowProcW(hwnd, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&bothStay));
+    WINDOWPOS bothStay = SizeChange(popup, 50, 50, SWP_NOZORDER | kClientStays | kClientSizeStays);
+    DefWindowProcW(popup, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&bothStay));
     EXPECT_TRUE(recorder.messages().empty());
 }
 
 // --- messages that climb the tree ----------------------------------------
 
-TEST(DefaultProcedure, ParentNotifyClimbsWithTheClickPointInEachParentsCoordinates)
+TEST_F(DefaultProcedure, ParentNotifyClimbsWithTheClickPointInEachParentsCoordinatesUpToANoParentNotifyWindow)
 {
-    MessageRecorder recorder("VorlanDefParentNotify");
     Family family(recorder);
     ASSERT_NE(family.leaf, nullptr);
     // The leaf was clicked at (3, 4) of its client area: mid hears it in its
@@ -332,21 +306,17 @@ TEST(DefaultProcedure, ParentNotifyClimbsWithTheClickPointInEachParentsCoordinat
     const POINT pt = PointOfParam(recorder.Of(family.top, WM_PARENTNOTIFY)[0].lParam);
     EXPECT_EQ(pt.x, -5);
     EXPECT_EQ(pt.y, -5);
+
+    // It stops at a window with WS_EX_NOPARENTNOTIFY.
+    Family quiet(recorder, WS_EX_NOPARENTNOTIFY);
+    ASSERT_NE(quiet.leaf, nullptr);
+    SendMessageW(quiet.mid, WM_PARENTNOTIFY, MAKEWPARAM(WM_MBUTTONDOWN, 0), PointParam(1, 1));
+    EXPECT_EQ(recorder.Of(quiet.mid, WM_PARENTNOTIFY).size(), 1u);
+    EXPECT_FALSE(recorder.Saw(quiet.top, WM_PARENTNOTIFY));
 }
 
-TEST(DefaultProcedure, ParentNotifyStopsAtAWindowWithNoParentNotify)
+TEST_F(DefaultProcedure, ContextMenuFromTheRightButtonGoesUpToEveryAncestorTheWheelToTheParent)
 {
-    MessageRecorder recorder("VorlanDefParentNotifyStop");
-    Family family(recorder, WS_EX_NOPARENTNOTIFY);
-    ASSERT_NE(family.leaf, nullptr);
-    SendMessageW(family.mid, WM_PARENTNOTIFY, MAKEWPARAM(WM_MBUTTONDOWN, 0), PointParam(1, 1));
-    EXPECT_EQ(recorder.Of(family.mid, WM_PARENTNOTIFY).size(), 1u);
-    EXPECT_FALSE(recorder.Saw(family.top, WM_PARENTNOTIFY));
-}
-
-TEST(DefaultProcedure, ContextMenuGoesUpToEveryAncestor)
-{
-    MessageRecorder recorder("VorlanDefContextMenu");
     Family family(recorder);
     ASSERT_NE(family.leaf, nullptr);
     const LPARAM where = PointParam(150, 160);
@@ -357,14 +327,10 @@ TEST(DefaultProcedure, ContextMenuGoesUpToEveryAncestor)
         EXPECT_EQ(m.wParam, reinterpret_cast<WPARAM>(family.leaf));
         EXPECT_EQ(m.lParam, where);
     }
-}
 
-TEST(DefaultProcedure, RightButtonUpAsksForAContextMenuAtTheScreenPoint)
-{
-    MessageRecorder recorder("VorlanDefRightButton");
-    Family family(recorder);
-    ASSERT_NE(family.leaf, nullptr);
-    // The leaf's client origin lies at 100 + 10 + 30, 100 + 20 + 40.
+    // The right button asks at the screen point; the leaf's client origin
+    // lies at 100 + 10 + 30, 100 + 20 + 40.
+    recorder.Clear();
     EXPECT_EQ(DefWindowProcW(family.leaf, WM_RBUTTONUP, 0, PointParam(5, -6)), 0);
     EXPECT_EQ(recorder.Sequence({family.top, family.mid, family.leaf}),
               (std::vector<std::string>{"2:CONTEXTMENU", "1:CONTEXTMENU", "0:CONTEXTMENU"}));
@@ -374,15 +340,20 @@ TEST(DefaultProcedure, RightButtonUpAsksForAContextMenuAtTheScreenPoint)
     const POINT pt = PointOfParam(menu[0].lParam);
     EXPECT_EQ(pt.x, 145);
     EXPECT_EQ(pt.y, 154);
+
+    recorder.Answer(WM_MOUSEWHEEL, [](HWND, WPARAM, LPARAM) { return 0; });
+    EXPECT_EQ(DefWindowProcW(family.leaf, WM_MOUSEWHEEL, MAKEWPARAM(0, 120), PointParam(1, 2)), 0);
+    const auto wheel = recorder.Of(family.mid, WM_MOUSEWHEEL);
+    ASSERT_EQ(wheel.size(), 1u);
+    EXPECT_EQ(wheel[0].wParam, MAKEWPARAM(0, 120));
+    EXPECT_EQ(wheel[0].lParam, PointParam(1, 2));
 }
 
-TEST(DefaultProcedure, AppsKeyAndShiftF10AskForAKeyboardContextMenu)
+TEST_F(DefaultProcedure, AppsKeyAndShiftF10AskForAKeyboardContextMenu)
 {
-    MessageRecorder recorder("VorlanDefAppsKey");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 50, 50);
-    ASSERT_NE(hwnd, nullptr);
+    vorlan_test::ResetCurrentThreadQueues();
+    const HWND hwnd = Popup();
     recorder.Answer(WM_CONTEXTMENU, [](HWND, WPARAM, LPARAM) { return 0; });
-    recorder.Clear();
     DefWindowProcW(hwnd, WM_KEYDOWN, VK_APPS, 0);
     const auto menu = recorder.Of(hwnd, WM_CONTEXTMENU);
     ASSERT_EQ(menu.size(), 1u);
@@ -392,11 +363,19 @@ TEST(DefaultProcedure, AppsKeyAndShiftF10AskForAKeyboardContextMenu)
     recorder.Clear();
     DefWindowProcW(hwnd, WM_KEYDOWN, VK_F10, 0);
     EXPECT_FALSE(recorder.Saw(hwnd, WM_CONTEXTMENU));
+    {
+        vorlan::GtkCriticalSection lock;
+        ThreadData::GetCurrentThreadData()->keyState[VK_SHIFT] = -128;
+    }
+    DefWindowProcW(hwnd, WM_KEYDOWN, VK_F10, 0);
+    vorlan_test::ResetCurrentThreadQueues();
+    const auto shifted = recorder.Of(hwnd, WM_CONTEXTMENU);
+    ASSERT_EQ(shifted.size(), 1u);
+    EXPECT_EQ(shifted[0].lParam, -1);
 }
 
-TEST(DefaultProcedure, HelpGoesToTheParentAndF1AsksTheWindowItself)
+TEST_F(DefaultProcedure, HelpGoesToTheParentAndF1AsksTheWindowItself)
 {
-    MessageRecorder recorder("VorlanDefHelp");
     Family family(recorder);
     ASSERT_NE(family.leaf, nullptr);
     SetWindowLongPtrW(family.leaf, GWLP_ID, 42);
@@ -417,60 +396,30 @@ TEST(DefaultProcedure, HelpGoesToTheParentAndF1AsksTheWindowItself)
     EXPECT_EQ(DefWindowProcW(family.leaf, WM_HELP, 0, 0), 1);
 }
 
-TEST(DefaultProcedure, MouseWheelGoesToTheParent)
-{
-    MessageRecorder recorder("VorlanDefWheel");
-    Family family(recorder);
-    ASSERT_NE(family.leaf, nullptr);
-    recorder.Answer(WM_MOUSEWHEEL, [](HWND, WPARAM, LPARAM) { return 0; });
-    EXPECT_EQ(DefWindowProcW(family.leaf, WM_MOUSEWHEEL, MAKEWPARAM(0, 120), PointParam(1, 2)), 0);
-    const auto wheel = recorder.Of(family.mid, WM_MOUSEWHEEL);
-    ASSERT_EQ(wheel.size(), 1u);
-    EXPECT_EQ(wheel[0].wParam, MAKEWPARAM(0, 120));
-    EXPECT_EQ(wheel[0].lParam, PointParam(1, 2));
-}
-
 // --- closing and commands ------------------------------------------------
 
-TEST(DefaultProcedure, CloseDestroysTheWindow)
+TEST_F(DefaultProcedure, CloseAndTheCloseCommandDestroyTheWindow)
 {
-    MessageRecorder recorder("VorlanDefClose");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 50, 50);
-    ASSERT_NE(hwnd, nullptr);
-    recorder.Clear();
+    const HWND hwnd = Popup();
     EXPECT_EQ(DefWindowProcW(hwnd, WM_CLOSE, 0, 0), 0);
     EXPECT_FALSE(IsWindow(hwnd));
     EXPECT_TRUE(recorder.Saw(hwnd, WM_DESTROY));
+    const HWND other = Popup();
+    EXPECT_EQ(DefWindowProcW(other, WM_SYSCOMMAND, SC_CLOSE, 0), 0);
+    EXPECT_EQ(recorder.Sequence({other}, {WM_CLOSE, WM_DESTROY}), (std::vector<std::string>{"0:CLOSE", "0:DESTROY"}));
+    EXPECT_FALSE(IsWindow(other));
 }
 
-TEST(DefaultProcedure, SysCommandCloseSendsCloseWhichDestroys)
+TEST_F(DefaultProcedure, SysCharAndAReleasedAltAskTheRootForTheKeyboardMenu)
 {
-    MessageRecorder recorder("VorlanDefSysClose");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 50, 50);
-    ASSERT_NE(hwnd, nullptr);
-    recorder.Clear();
-    EXPECT_EQ(DefWindowProcW(hwnd, WM_SYSCOMMAND, SC_CLOSE, 0), 0);
-    EXPECT_EQ(recorder.Sequence({hwnd}, {WM_CLOSE, WM_DESTROY}), (std::vector<std::string>{"0:CLOSE", "0:DESTROY"}));
-    EXPECT_FALSE(IsWindow(hwnd));
-}
-
-TEST(DefaultProcedure, SysCharAsksForTheKeyboardMenu)
-{
-    MessageRecorder recorder("VorlanDefSysChar");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 50, 50);
-    ASSERT_NE(hwnd, nullptr);
-    recorder.Clear();
+    const HWND hwnd = Popup();
     DefWindowProcW(hwnd, WM_SYSCHAR, 'f', 0);
     DefWindowProcW(hwnd, WM_SYSCHAR, 0, 0);
     const auto commands = recorder.Of(hwnd, WM_SYSCOMMAND);
     ASSERT_EQ(commands.size(), 1u);
     EXPECT_EQ(commands[0].wParam, static_cast<WPARAM>(SC_KEYMENU));
     EXPECT_EQ(commands[0].lParam, 'f');
-}
 
-TEST(DefaultProcedure, AltReleasedAsksTheRootForTheKeyboardMenu)
-{
-    MessageRecorder recorder("VorlanDefAltUp");
     Family family(recorder);
     ASSERT_NE(family.leaf, nullptr);
     DefWindowProcW(family.leaf, WM_SYSKEYUP, VK_MENU, 0);
@@ -481,12 +430,10 @@ TEST(DefaultProcedure, AltReleasedAsksTheRootForTheKeyboardMenu)
     EXPECT_EQ(recorder.Of(family.top, WM_SYSCOMMAND)[0].lParam, 0);
 }
 
-TEST(DefaultProcedure, ImeCharIsPostedAsACharacter)
+TEST_F(DefaultProcedure, ImeCharIsPostedAsACharacter)
 {
     vorlan_test::ResetCurrentThreadQueues();
-    MessageRecorder recorder("VorlanDefImeChar");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 50, 50);
-    ASSERT_NE(hwnd, nullptr);
+    const HWND hwnd = Popup();
     EXPECT_EQ(DefWindowProcW(hwnd, WM_IME_CHAR, 0x4E2D, 7), 0);
     MSG msg = {};
     ASSERT_TRUE(PeekMessageW(&msg, hwnd, WM_CHAR, WM_CHAR, PM_REMOVE));
@@ -494,29 +441,10 @@ TEST(DefaultProcedure, ImeCharIsPostedAsACharacter)
     EXPECT_EQ(msg.lParam, 7);
 }
 
-TEST(DefaultProcedure, ShiftF10AsksForAKeyboardContextMenu)
-{
-    vorlan_test::ResetCurrentThreadQueues();
-    MessageRecorder recorder("VorlanDefShiftF10");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 50, 50);
-    ASSERT_NE(hwnd, nullptr);
-    recorder.Answer(WM_CONTEXTMENU, [](HWND, WPARAM, LPARAM) { return 0; });
-    {
-        vorlan::GtkCriticalSection lock;
-        ThreadData::GetCurrentThreadData()->keyState[VK_SHIFT] = -128;
-    }
-    recorder.Clear();
-    DefWindowProcW(hwnd, WM_KEYDOWN, VK_F10, 0);
-    vorlan_test::ResetCurrentThreadQueues();
-    const auto menu = recorder.Of(hwnd, WM_CONTEXTMENU);
-    ASSERT_EQ(menu.size(), 1u);
-    EXPECT_EQ(menu[0].lParam, -1);
-}
-
-TEST(DefaultProcedure, SetCursorAsksTheParentFirst)
+TEST_F(DefaultProcedure, SetCursorAsksTheParentFirst)
 {
     MessageRecorder parents("VorlanDefCursorParent");
-    MessageRecorder children("VorlanDefCursorChild");
+    MessageRecorder &children = recorder;
     LRESULT parentAnswer = 1;
     parents.Answer(WM_SETCURSOR, [&](HWND, WPARAM, LPARAM) { return parentAnswer; });
     const HWND parent = parents.Create(WS_POPUP, 0, 0, 100, 100);
@@ -539,17 +467,14 @@ TEST(DefaultProcedure, SetCursorAsksTheParentFirst)
     EXPECT_EQ(children.Sequence({top}, {WM_SETCURSOR}), std::vector<std::string>{});
 }
 
-TEST(DefaultProcedure, LostForegroundDeactivatesAndTellsTheApplication)
+TEST_F(DefaultProcedure, LostForegroundDeactivatesAndTellsTheApplication)
 {
-    MessageRecorder recorder("VorlanDefLostForeground");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 50, 50);
-    const HWND other = recorder.Create(WS_POPUP, 60, 0, 50, 50);
-    ASSERT_NE(other, nullptr);
+    const HWND hwnd = Popup();
+    const HWND other = Popup(60, 0);
     const std::vector<UINT> kinds = {WM_NCACTIVATE, WM_ACTIVATE, WM_ACTIVATEAPP};
     const UINT kLostForeground = WM_USER - 4;
 
     // The foreground left the process: both top-level windows hear it.
-    recorder.Clear();
     EXPECT_EQ(SendMessageW(hwnd, kLostForeground, 0, 0), 0);
     const auto sequence = recorder.Sequence({hwnd, other}, kinds);
     ASSERT_GE(sequence.size(), 4u);

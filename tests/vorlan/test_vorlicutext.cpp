@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "../brano/expect_last_error.h"
 #include "vorlicutext.h"
 
 #include <cstring>
@@ -21,40 +22,22 @@ const WCHAR *W(const std::u16string &text)
 
 } // namespace
 
-TEST(WideToAnsiEntry, SizeZeroReportsLengthWithoutTerminator)
+TEST(WideToAnsiEntry, ConvertsCountedOrTerminatedSourcesWithinTheSize)
 {
-    EXPECT_EQ(WCSToMBS(W(U("hello")), -1, nullptr, 0), 5);
+    EXPECT_EQ(WCSToMBS(W(U("hello")), -1, nullptr, 0), 5) << "size zero: the length without terminator";
     EXPECT_EQ(WCSToMBS(W(U("hello")), 3, nullptr, 0), 3);
-}
-
-TEST(WideToAnsiEntry, ConvertsAndTerminates)
-{
     char out[16];
     std::memset(out, '#', sizeof out);
     EXPECT_EQ(WCSToMBS(W(U("hello")), -1, out, sizeof out), 5);
     EXPECT_STREQ(out, "hello");
     EXPECT_EQ(out[6], '#');
-}
-
-TEST(WideToAnsiEntry, CountedSourceConvertsOnlyCount)
-{
-    char out[16];
     EXPECT_EQ(WCSToMBS(W(U("hello")), 2, out, sizeof out), 2);
     EXPECT_STREQ(out, "he");
-}
-
-TEST(WideToAnsiEntry, ShortBufferTruncatesWithinSize)
-{
-    char out[8];
     std::memset(out, '#', sizeof out);
     EXPECT_EQ(WCSToMBS(W(U("abcdefgh")), -1, out, 4), 3);
     EXPECT_STREQ(out, "abc");
     EXPECT_EQ(out[4], '#');
-}
-
-TEST(WideToAnsiEntry, SizeOneGivesEmptyString)
-{
-    char out[2] = {'#', '#'};
+    std::memset(out, '#', sizeof out);
     EXPECT_EQ(WCSToMBS(W(U("abc")), -1, out, 1), 0);
     EXPECT_EQ(out[0], '\0');
     EXPECT_EQ(out[1], '#');
@@ -62,9 +45,7 @@ TEST(WideToAnsiEntry, SizeOneGivesEmptyString)
 
 TEST(WideToAnsiEntry, BadArgumentsWriteNothing)
 {
-    SetLastError(0);
-    EXPECT_EQ(WCSToMBS(W(U("abc")), -1, nullptr, 4), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    EXPECT_FAILS_WITH(WCSToMBS(W(U("abc")), -1, nullptr, 4), 0, ERROR_INVALID_PARAMETER);
     char out[2] = {'#', '#'};
     EXPECT_EQ(WCSToMBS(W(U("abc")), -1, out, -1), 0);
     EXPECT_EQ(out[0], '#');
@@ -80,29 +61,17 @@ TEST(AnsiToWideEntry, DoesNothing)
         EXPECT_EQ(unit, 0x2323);
 }
 
-TEST(CompareUnicode, PrefixComparesEqual)
+TEST(CompareUnicode, PrefixesAndLimitedLengthsCompareEqualCaseMattersWithoutBitZero)
 {
     EXPECT_EQ(CompareUnicodeString(0, W(U("abc")), -1, W(U("abcdef")), -1), 0);
     EXPECT_EQ(CompareUnicodeString(0, W(U("abcdef")), -1, W(U("abc")), -1), 0);
-}
-
-TEST(CompareUnicode, CaseSensitiveWithoutFlag)
-{
+    EXPECT_EQ(CompareUnicodeString(0, W(U("abX")), 2, W(U("abY")), 3), 0);
+    EXPECT_EQ(CompareUnicodeString(0, W(U("xyz")), 0, W(U("abc")), -1), 0);
     EXPECT_LT(CompareUnicodeString(0, W(U("ABC")), -1, W(U("abc")), -1), 0);
     EXPECT_GT(CompareUnicodeString(0, W(U("abd")), -1, W(U("abc")), -1), 0);
-}
-
-TEST(CompareUnicode, CaseInsensitiveWithBitZero)
-{
     EXPECT_EQ(CompareUnicodeString(1, W(U("ABC")), -1, W(U("abc")), -1), 0);
     const WCHAR upper[] = {0x00C9, 0};
     const WCHAR lower[] = {0x00E9, 0};
     EXPECT_EQ(CompareUnicodeString(1, upper, -1, lower, -1), 0);
     EXPECT_NE(CompareUnicodeString(0, upper, -1, lower, -1), 0);
-}
-
-TEST(CompareUnicode, ExplicitLengthsLimitComparison)
-{
-    EXPECT_EQ(CompareUnicodeString(0, W(U("abX")), 2, W(U("abY")), 3), 0);
-    EXPECT_EQ(CompareUnicodeString(0, W(U("xyz")), 0, W(U("abc")), -1), 0);
 }

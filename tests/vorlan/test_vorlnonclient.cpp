@@ -4,8 +4,10 @@
 // AdjustWindowRectEx grows a client rectangle.
 #include <gtest/gtest.h>
 
+#include "../brano/expect_last_error.h"
 #include "support/message_recorder.h"
 
+#include <initializer_list>
 #include <ostream>
 
 using vorlan_test::MessageRecorder;
@@ -53,11 +55,26 @@ int ScrollHeight()
     return GetSystemMetrics(SM_CYHSCROLL);
 }
 
+struct Hit {
+    int x, y;
+    LRESULT code;
+};
+
+void ExpectHits(HWND hwnd, std::initializer_list<Hit> hits)
+{
+    for (const Hit &hit : hits)
+        EXPECT_EQ(HitTest(hwnd, hit.x, hit.y), hit.code) << "at " << hit.x << ", " << hit.y;
+}
+
+class NonClientFrame : public ::testing::Test {
+protected:
+    MessageRecorder recorder{"VorlanNonClient"};
+};
+
 } // namespace
 
-TEST(NonClientFrame, CalcSizeTakesFrameCaptionEdgeAndScrollBars)
+TEST_F(NonClientFrame, CalcSizeTakesFrameCaptionEdgeAndScrollBars)
 {
-    MessageRecorder recorder("VorlanNcCalcSize");
     const HWND parent = recorder.Create(WS_POPUP, 0, 0, 400, 400);
     struct Case {
         DWORD style;
@@ -79,6 +96,9 @@ TEST(NonClientFrame, CalcSizeTakesFrameCaptionEdgeAndScrollBars)
         {WS_POPUP | WS_BORDER, WS_EX_CLIENTEDGE, {3, 3, 197, 147}},
         {WS_POPUP | WS_HSCROLL | WS_VSCROLL, 0, {0, 0, 200 - w, 150 - h}},
         {WS_POPUP | WS_VSCROLL, WS_EX_LEFTSCROLLBAR, {w, 0, 200, 150}},
+        // An overlapped window always takes the frame.
+        {WS_OVERLAPPED, 0, {3, 29, 197, 147}},
+        {WS_OVERLAPPEDWINDOW, 0, {4, 30, 196, 146}},
     };
     for (const Case &c : cases) {
         const HWND hwnd = recorder.Create(c.style, 0, 0, 200, 150, (c.style & WS_CHILD) ? parent : nullptr,
@@ -89,19 +109,8 @@ TEST(NonClientFrame, CalcSizeTakesFrameCaptionEdgeAndScrollBars)
     }
 }
 
-TEST(NonClientFrame, CalcSizeOfAnOverlappedWindowAlwaysTakesTheFrame)
+TEST_F(NonClientFrame, ScrollBarsThatDoNotFitTakeNoRoom)
 {
-    MessageRecorder recorder("VorlanNcCalcSizeOverlapped");
-    const HWND plain = recorder.Create(WS_OVERLAPPED, 0, 0, 200, 150);
-    const HWND sizable = recorder.Create(WS_OVERLAPPEDWINDOW, 0, 0, 200, 150);
-    ASSERT_NE(sizable, nullptr);
-    EXPECT_EQ(NcCalcSize(plain), (Rect{3, 29, 197, 147}));
-    EXPECT_EQ(NcCalcSize(sizable), (Rect{4, 30, 196, 146}));
-}
-
-TEST(NonClientFrame, ScrollBarsThatDoNotFitTakeNoRoom)
-{
-    MessageRecorder recorder("VorlanNcCalcSizeTiny");
     const int w = ScrollWidth();
     const int h = ScrollHeight();
     const HWND hwnd = recorder.Create(WS_POPUP | WS_HSCROLL | WS_VSCROLL, 100, 100, w, h);
@@ -112,52 +121,32 @@ TEST(NonClientFrame, ScrollBarsThatDoNotFitTakeNoRoom)
     EXPECT_EQ(HitTest(hwnd, 100 + w - 1, 100 + h - 1), HTCLIENT);
 }
 
-TEST(NonClientFrame, HitTestOfAnUndecoratedBorderAndClientEdge)
+TEST_F(NonClientFrame, HitTestOfAnUndecoratedBorderClientEdgeAndScrollBarsWithAnEmptyCorner)
 {
-    MessageRecorder recorder("VorlanNcHitBorder");
     const HWND bordered = recorder.Create(WS_POPUP | WS_BORDER, 100, 100, 200, 150);
     ASSERT_NE(bordered, nullptr);
-    EXPECT_EQ(HitTest(bordered, 150, 150), HTCLIENT);
-    EXPECT_EQ(HitTest(bordered, 100, 150), HTBORDER);
-    EXPECT_EQ(HitTest(bordered, 299, 150), HTBORDER);
-    EXPECT_EQ(HitTest(bordered, 150, 100), HTBORDER);
-    EXPECT_EQ(HitTest(bordered, 150, 249), HTBORDER);
-    EXPECT_EQ(HitTest(bordered, 99, 150), HTNOWHERE);
-    EXPECT_EQ(HitTest(bordered, 300, 150), HTNOWHERE);
+    ExpectHits(bordered, {{150, 150, HTCLIENT}, {100, 150, HTBORDER}, {299, 150, HTBORDER}, {150, 100, HTBORDER},
+                          {150, 249, HTBORDER}, {99, 150, HTNOWHERE}, {300, 150, HTNOWHERE}});
 
     const HWND edged = recorder.Create(WS_POPUP, 100, 100, 200, 150, nullptr, WS_EX_CLIENTEDGE);
     ASSERT_NE(edged, nullptr);
-    EXPECT_EQ(HitTest(edged, 101, 150), HTBORDER);
-    EXPECT_EQ(HitTest(edged, 150, 248), HTBORDER);
-    EXPECT_EQ(HitTest(edged, 102, 150), HTCLIENT);
-}
+    ExpectHits(edged, {{101, 150, HTBORDER}, {150, 248, HTBORDER}, {102, 150, HTCLIENT}});
 
-TEST(NonClientFrame, HitTestFindsTheScrollBarsAndLeavesTheCornerEmpty)
-{
-    MessageRecorder recorder("VorlanNcHitScroll");
     const int w = ScrollWidth();
     const int h = ScrollHeight();
     const HWND right = recorder.Create(WS_POPUP | WS_HSCROLL | WS_VSCROLL, 100, 100, 200, 150);
     ASSERT_NE(right, nullptr);
-    EXPECT_EQ(HitTest(right, 150, 249), HTHSCROLL);
-    EXPECT_EQ(HitTest(right, 100, 250 - h), HTHSCROLL);
-    EXPECT_EQ(HitTest(right, 299, 150), HTVSCROLL);
-    EXPECT_EQ(HitTest(right, 300 - w, 100), HTVSCROLL);
-    EXPECT_EQ(HitTest(right, 299, 249), HTNOWHERE);
-    EXPECT_EQ(HitTest(right, 299 - w, 249 - h), HTCLIENT);
+    ExpectHits(right, {{150, 249, HTHSCROLL}, {100, 250 - h, HTHSCROLL}, {299, 150, HTVSCROLL},
+                       {300 - w, 100, HTVSCROLL}, {299, 249, HTNOWHERE}, {299 - w, 249 - h, HTCLIENT}});
 
     const HWND left =
         recorder.Create(WS_POPUP | WS_HSCROLL | WS_VSCROLL, 100, 100, 200, 150, nullptr, WS_EX_LEFTSCROLLBAR);
     ASSERT_NE(left, nullptr);
-    EXPECT_EQ(HitTest(left, 100, 150), HTVSCROLL);
-    EXPECT_EQ(HitTest(left, 299, 150), HTCLIENT);
-    EXPECT_EQ(HitTest(left, 299, 249), HTHSCROLL);
-    EXPECT_EQ(HitTest(left, 100, 249), HTNOWHERE);
+    ExpectHits(left, {{100, 150, HTVSCROLL}, {299, 150, HTCLIENT}, {299, 249, HTHSCROLL}, {100, 249, HTNOWHERE}});
 }
 
-TEST(NonClientFrame, DecoratedWindowsFrameBelongsToTheWindowManager)
+TEST_F(NonClientFrame, DecoratedWindowsFrameBelongsToTheWindowManager)
 {
-    MessageRecorder recorder("VorlanNcHitDecorated");
     const HWND hwnd = recorder.Create(WS_OVERLAPPEDWINDOW, 100, 100, 300, 200);
     ASSERT_NE(hwnd, nullptr);
     RECT window;
@@ -168,44 +157,30 @@ TEST(NonClientFrame, DecoratedWindowsFrameBelongsToTheWindowManager)
     EXPECT_EQ(client.right, 300 - 2 * 4);
     EXPECT_EQ(client.bottom, 200 - 2 * 4 - 26);
     // Caption, sides and bottom: no caption or sizing codes, only nowhere.
-    EXPECT_EQ(HitTest(hwnd, 200, 110), HTNOWHERE);
-    EXPECT_EQ(HitTest(hwnd, 101, 200), HTNOWHERE);
-    EXPECT_EQ(HitTest(hwnd, 398, 200), HTNOWHERE);
-    EXPECT_EQ(HitTest(hwnd, 200, 298), HTNOWHERE);
-    EXPECT_EQ(HitTest(hwnd, 100, 100), HTNOWHERE);
-    EXPECT_EQ(HitTest(hwnd, 200, 200), HTCLIENT);
-    EXPECT_EQ(HitTest(hwnd, 104, 130), HTCLIENT);
+    ExpectHits(hwnd, {{200, 110, HTNOWHERE}, {101, 200, HTNOWHERE}, {398, 200, HTNOWHERE}, {200, 298, HTNOWHERE},
+                      {100, 100, HTNOWHERE}, {200, 200, HTCLIENT}, {104, 130, HTCLIENT}});
 }
 
-TEST(NonClientFrame, ChildWithACaptionIsNotDecorated)
+TEST_F(NonClientFrame, ChildWithACaptionAndTheDialogClassBeforeAnyDialogBoxAreNotDecorated)
 {
-    MessageRecorder recorder("VorlanNcHitChildCaption");
     const HWND parent = recorder.Create(WS_POPUP, 100, 100, 400, 300);
     const HWND child = recorder.Create(WS_CHILD | WS_CAPTION, 10, 10, 200, 150, parent);
     ASSERT_NE(child, nullptr);
     // Screen rectangle 110, 110, 310, 260: the caption's border bit gives
     // the outer pixel, the caption itself is nowhere.
-    EXPECT_EQ(HitTest(child, 110, 150), HTBORDER);
-    EXPECT_EQ(HitTest(child, 150, 110), HTBORDER);
-    EXPECT_EQ(HitTest(child, 150, 120), HTNOWHERE);
-    EXPECT_EQ(HitTest(child, 150, 200), HTCLIENT);
-}
+    ExpectHits(child, {{110, 150, HTBORDER}, {150, 110, HTBORDER}, {150, 120, HTNOWHERE}, {150, 200, HTCLIENT}});
 
-TEST(NonClientFrame, DialogClassIsUndecoratedBeforeAnyDialogBox)
-{
-    MessageRecorder recorder("VorlanNcHitPopupCaption");
     const HWND framed = recorder.Create(WS_POPUP | WS_CAPTION, 100, 100, 200, 150);
     const HWND dialog = CreateWindowExW(0, MAKEINTRESOURCEW(32770), nullptr, WS_POPUP | WS_CAPTION, 100, 100, 200, 150,
                                         nullptr, nullptr, nullptr, nullptr);
     ASSERT_NE(framed, nullptr);
     ASSERT_NE(dialog, nullptr);
     EXPECT_EQ(HitTest(framed, 100, 150), HTNOWHERE);
-    EXPECT_EQ(HitTest(dialog, 100, 150), HTBORDER);
-    EXPECT_EQ(HitTest(dialog, 101, 150), HTNOWHERE);
+    ExpectHits(dialog, {{100, 150, HTBORDER}, {101, 150, HTNOWHERE}});
     DestroyWindow(dialog);
 }
 
-TEST(NonClientFrame, AdjustWindowRectGrowsByFrameCaptionMenuAndEdge)
+TEST(NonClientAdjust, AdjustWindowRectGrowsByFrameCaptionMenuAndEdge)
 {
     struct Case {
         DWORD style;
@@ -235,24 +210,17 @@ TEST(NonClientFrame, AdjustWindowRectGrowsByFrameCaptionMenuAndEdge)
     }
 }
 
-TEST(NonClientFrame, AdjustWindowRectRefusesOverlappedStylesAndNullRectangles)
+TEST(NonClientAdjust, AdjustWindowRectRefusesOverlappedStylesAndNullRectangles)
 {
     RECT rc = {0, 0, 10, 10};
-    SetLastError(0);
-    EXPECT_FALSE(AdjustWindowRectEx(&rc, WS_OVERLAPPEDWINDOW, FALSE, 0));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
+    EXPECT_FAILS_WITH(AdjustWindowRectEx(&rc, WS_OVERLAPPEDWINDOW, FALSE, 0), FALSE, ERROR_INVALID_PARAMETER);
     EXPECT_EQ(ToRect(rc), (Rect{0, 0, 10, 10}));
-    SetLastError(0);
-    EXPECT_FALSE(AdjustWindowRect(&rc, WS_OVERLAPPED, FALSE));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
-    SetLastError(0);
-    EXPECT_FALSE(AdjustWindowRectEx(nullptr, WS_POPUP, FALSE, 0));
-    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
+    EXPECT_FAILS_WITH(AdjustWindowRect(&rc, WS_OVERLAPPED, FALSE), FALSE, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(AdjustWindowRectEx(nullptr, WS_POPUP, FALSE, 0), FALSE, ERROR_INVALID_PARAMETER);
 }
 
-TEST(NonClientFrame, AdjustedRectangleCalculatesBackToTheClient)
+TEST_F(NonClientFrame, AdjustedRectangleCalculatesBackToTheClient)
 {
-    MessageRecorder recorder("VorlanNcRoundTrip");
     const DWORD styles[] = {WS_POPUP | WS_BORDER, WS_POPUP | WS_CAPTION, WS_POPUP | WS_CAPTION | WS_THICKFRAME};
     for (DWORD style : styles) {
         for (DWORD exStyle : {DWORD(0), DWORD(WS_EX_CLIENTEDGE)}) {

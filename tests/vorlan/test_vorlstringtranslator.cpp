@@ -38,46 +38,32 @@ bool InsideObject(const StringTranslator &translator, const void *pointer)
 
 } // namespace
 
-TEST(StringTranslatorLayout, PointersAndInlineBuffersInOrder)
+TEST(StringTranslatorLayout, TwoPointersAndTheInlineBuffersAndANewObjectHoldsNothing)
 {
     EXPECT_EQ(sizeof(StringTranslator), 2 * sizeof(void *) + 64 + 32 * sizeof(WCHAR));
-}
-
-TEST(StringTranslatorLayout, NewObjectHoldsNothing)
-{
     StringTranslator translator;
     EXPECT_EQ(translator.narrow(), nullptr);
     EXPECT_EQ(translator.wide(), nullptr);
 }
 
-TEST(StringTranslatorToNarrow, ConvertsToProcessPage)
+TEST(StringTranslatorToNarrow, SixtyThreeCharactersStayInlineSixtyFourGoToTheHeap)
 {
     StringTranslator translator;
     const char *result = translator.Utf16ToAnsi(W(U("Title")));
     ASSERT_NE(result, nullptr);
     EXPECT_STREQ(result, "Title");
     EXPECT_EQ(result, translator.narrow());
-}
-
-TEST(StringTranslatorToNarrow, SixtyThreeCharactersStayInline)
-{
-    StringTranslator translator;
-    const char *result = translator.Utf16ToAnsi(W(U(std::string(63, 'x'))));
+    result = translator.Utf16ToAnsi(W(U(std::string(63, 'x'))));
     ASSERT_NE(result, nullptr);
     EXPECT_EQ(std::string(result), std::string(63, 'x'));
     EXPECT_TRUE(InsideObject(translator, result));
-}
-
-TEST(StringTranslatorToNarrow, SixtyFourCharactersGoToHeap)
-{
-    StringTranslator translator;
-    const char *result = translator.Utf16ToAnsi(W(U(std::string(64, 'y'))));
+    result = translator.Utf16ToAnsi(W(U(std::string(64, 'y'))));
     ASSERT_NE(result, nullptr);
     EXPECT_EQ(std::string(result), std::string(64, 'y'));
     EXPECT_FALSE(InsideObject(translator, result));
 }
 
-TEST(StringTranslatorToNarrow, CountedSourceIsTerminatedBehindItsText)
+TEST(StringTranslatorToNarrow, CountedSourceIsTerminatedBehindItsTextAndMayNotBeEmpty)
 {
     StringTranslator translator;
     const std::u16string text = U("abcdef");
@@ -89,11 +75,6 @@ TEST(StringTranslatorToNarrow, CountedSourceIsTerminatedBehindItsText)
     ASSERT_NE(spilled, nullptr);
     EXPECT_EQ(std::string(spilled), std::string(64, 'z'));
     EXPECT_FALSE(InsideObject(translator, spilled));
-}
-
-TEST(StringTranslatorToNarrow, EmptyCountedSourceFailsEmptyTerminatedSucceeds)
-{
-    StringTranslator translator;
     const std::u16string empty;
     EXPECT_EQ(translator.Utf16ToAnsi(W(empty), 0), nullptr);
     const char *result = translator.Utf16ToAnsi(W(empty), -1);
@@ -101,7 +82,7 @@ TEST(StringTranslatorToNarrow, EmptyCountedSourceFailsEmptyTerminatedSucceeds)
     EXPECT_STREQ(result, "");
 }
 
-TEST(StringTranslatorToNarrow, ExplicitCodePage)
+TEST(StringTranslatorToNarrow, ExplicitCodePageAndUtf8)
 {
     StringTranslator translator;
     const WCHAR text[] = {'c', 0xE9, 0};
@@ -109,7 +90,7 @@ TEST(StringTranslatorToNarrow, ExplicitCodePage)
     EXPECT_STREQ(translator.Utf16ToUtf8(text), "c\xc3\xa9");
 }
 
-TEST(StringTranslatorToWide, ThirtyOneUnitsStayInlineThirtyTwoGoToHeap)
+TEST(StringTranslatorToWide, ThirtyOneUnitsStayInlineThirtyTwoGoToHeapAndCountedSourcesAreTerminated)
 {
     StringTranslator translator;
     const WCHAR *inlineResult = translator.AnsiToUtf16(std::string(31, 'a').c_str());
@@ -120,60 +101,41 @@ TEST(StringTranslatorToWide, ThirtyOneUnitsStayInlineThirtyTwoGoToHeap)
     ASSERT_NE(heapResult, nullptr);
     EXPECT_EQ(AsU16(heapResult), U(std::string(32, 'b')));
     EXPECT_FALSE(InsideObject(translator, heapResult));
-}
-
-TEST(StringTranslatorToWide, CountedSourceIsTerminated)
-{
-    StringTranslator translator;
-    const WCHAR *result = translator.AnsiToUtf16("abcdef", 2);
-    ASSERT_NE(result, nullptr);
-    EXPECT_EQ(AsU16(result), U("ab"));
+    const WCHAR *counted = translator.AnsiToUtf16("abcdef", 2);
+    ASSERT_NE(counted, nullptr);
+    EXPECT_EQ(AsU16(counted), U("ab"));
     EXPECT_EQ(translator.AnsiToUtf16("abc", 0), nullptr);
+    const WCHAR *decoded = translator.Utf8ToUtf16("w\xc3\xb6rld");
+    ASSERT_NE(decoded, nullptr);
+    EXPECT_EQ(AsU16(decoded), (std::u16string{u'w', u'\u00f6', u'r', u'l', u'd'}));
 }
 
-TEST(StringTranslatorToWide, Utf8Decoding)
-{
-    StringTranslator translator;
-    const WCHAR *result = translator.Utf8ToUtf16("w\xc3\xb6rld");
-    ASSERT_NE(result, nullptr);
-    const std::u16string expected = {u'w', u'\u00f6', u'r', u'l', u'd'};
-    EXPECT_EQ(AsU16(result), expected);
-}
-
-TEST(StringTranslatorThroughWide, Utf8ToAnsiKeepsIntermediate)
+TEST(StringTranslatorThroughWide, KeepsTheIntermediateAndLongTextSpillsBothSlots)
 {
     StringTranslator translator;
     const char *result = translator.Utf8ToAnsi("caf\xc3\xa9", -1, kWestern);
     ASSERT_NE(result, nullptr);
     EXPECT_STREQ(result, "caf\xe9");
     ASSERT_NE(translator.wide(), nullptr);
-    const std::u16string expected = {u'c', u'a', u'f', u'\u00e9'};
-    EXPECT_EQ(AsU16(translator.wide()), expected);
-}
-
-TEST(StringTranslatorThroughWide, AnsiToUtf8Counted)
-{
-    StringTranslator translator;
-    const char *result = translator.AnsiToUtf8("\xe9t\xe9xyz", 3, kWestern);
-    ASSERT_NE(result, nullptr);
-    EXPECT_STREQ(result, "\xc3\xa9t\xc3\xa9");
-}
-
-TEST(StringTranslatorThroughWide, LongTextSpillsBothSlots)
-{
-    StringTranslator translator;
+    EXPECT_EQ(AsU16(translator.wide()), (std::u16string{u'c', u'a', u'f', u'\u00e9'}));
+    EXPECT_STREQ(translator.AnsiToUtf8("\xe9t\xe9xyz", 3, kWestern), "\xc3\xa9t\xc3\xa9");
     const std::string text(100, 'q');
-    const char *result = translator.AnsiToUtf8(text.c_str(), -1, kWestern);
+    result = translator.AnsiToUtf8(text.c_str(), -1, kWestern);
     ASSERT_NE(result, nullptr);
     EXPECT_EQ(std::string(result), text);
     EXPECT_FALSE(InsideObject(translator, result));
     EXPECT_FALSE(InsideObject(translator, translator.wide()));
 }
 
-TEST(StringTranslatorThroughWide, InvalidSourceFails)
+TEST(StringTranslatorFailure, InvalidSourceOrHostFailureGivesNullAndClears)
 {
     StringTranslator translator;
     EXPECT_EQ(translator.Utf8ToAnsi("", 0, kWestern), nullptr);
+    EXPECT_EQ(translator.wide(), nullptr);
+    EXPECT_EQ(translator.narrow(), nullptr);
+    ASSERT_NE(translator.Utf16ToAnsi(W(U(std::string(80, 'k')))), nullptr);
+    // The host knows no code page 12.
+    EXPECT_EQ(translator.AnsiToUtf16("abc", -1, 12), nullptr);
     EXPECT_EQ(translator.wide(), nullptr);
     EXPECT_EQ(translator.narrow(), nullptr);
 }
@@ -187,15 +149,5 @@ TEST(StringTranslatorClear, EachConversionStartsFresh)
     translator.Clear();
     EXPECT_EQ(translator.narrow(), nullptr);
     translator.Clear();
-    EXPECT_EQ(translator.narrow(), nullptr);
-}
-
-TEST(StringTranslatorFailure, HostFailureGivesNullAndClears)
-{
-    StringTranslator translator;
-    ASSERT_NE(translator.Utf16ToAnsi(W(U(std::string(80, 'k')))), nullptr);
-    // The host knows no code page 12.
-    EXPECT_EQ(translator.AnsiToUtf16("abc", -1, 12), nullptr);
-    EXPECT_EQ(translator.wide(), nullptr);
     EXPECT_EQ(translator.narrow(), nullptr);
 }

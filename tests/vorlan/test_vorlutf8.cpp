@@ -17,44 +17,27 @@ std::string Take(GString *string)
 
 } // namespace
 
-TEST(WideToUtf8, EncodesEachUnit)
+TEST(WideToUtf8, EncodesEachUnitSkipsZeroUnitsAndGivesEmptyForNoText)
 {
     const WCHAR text[] = {'a', 0x00E9, 0x20AC, 0};
     EXPECT_EQ(Take(vorlan::WideCharToUTF8(text, 3)), "a\xc3\xa9\xe2\x82\xac");
-}
-
-TEST(WideToUtf8, SkipsZeroUnitsWithinCount)
-{
-    const WCHAR text[] = {'a', 0, 'b', 0};
-    EXPECT_EQ(Take(vorlan::WideCharToUTF8(text, 3)), "ab");
-}
-
-TEST(WideToUtf8, NullOrNonPositiveCountGivesEmpty)
-{
-    const WCHAR text[] = {'a', 0};
+    const WCHAR gap[] = {'a', 0, 'b', 0};
+    EXPECT_EQ(Take(vorlan::WideCharToUTF8(gap, 3)), "ab");
     EXPECT_EQ(Take(vorlan::WideCharToUTF8(nullptr, 4)), "");
     EXPECT_EQ(Take(vorlan::WideCharToUTF8(text, 0)), "");
     EXPECT_EQ(Take(vorlan::WideCharToUTF8(text, -3)), "");
 }
 
-TEST(AnsiToUtf8, ValidUtf8PassesThrough)
+TEST(AnsiToUtf8, ValidUtf8PassesThroughOtherTextIsConvertedFromTheLocale)
 {
     EXPECT_EQ(Take(vorlan::ANSItoUTF8("w\xc3\xb6rld!", 6)), "w\xc3\xb6rld");
     EXPECT_EQ(Take(vorlan::ANSItoUTF8("plain", -1)), "plain");
-}
-
-TEST(AnsiToUtf8, InvalidTextIsConvertedFromLocale)
-{
     const std::string converted = Take(vorlan::ANSItoUTF8("caf\xe9", 4));
     EXPECT_TRUE(g_utf8_validate(converted.c_str(), gssize(converted.size()), nullptr));
-}
-
-TEST(AnsiToUtf8, NullGivesEmpty)
-{
     EXPECT_EQ(Take(vorlan::ANSItoUTF8(nullptr, 5)), "");
 }
 
-TEST(WideFromUtf8, SignExtendsEachByte)
+TEST(WideFromUtf8, SignExtendsEachByteAndNeverReadsBeyondTheString)
 {
     GString *string = g_string_new("a\xc3\xa9");
     WCHAR out[6] = {0x2323, 0x2323, 0x2323, 0x2323, 0x2323, 0x2323};
@@ -65,6 +48,11 @@ TEST(WideFromUtf8, SignExtendsEachByte)
     EXPECT_EQ(out[3], 0);
     EXPECT_EQ(out[4], 0x2323);
     g_string_free(string, TRUE);
+    GString *shorter = g_string_new("ab");
+    WCHAR wide[8];
+    EXPECT_EQ(vorlan::WideCharFromUTF8(shorter, 100, wide), 1);
+    EXPECT_EQ(wide[2], 0);
+    g_string_free(shorter, TRUE);
 }
 
 TEST(WideFromUtf8, NullArgumentsGiveZeroAndWriteNothing)
@@ -74,14 +62,5 @@ TEST(WideFromUtf8, NullArgumentsGiveZeroAndWriteNothing)
     EXPECT_EQ(vorlan::WideCharFromUTF8(nullptr, 3, out), 0);
     EXPECT_EQ(vorlan::WideCharFromUTF8(string, 3, nullptr), 0);
     EXPECT_EQ(out[0], 0x2323);
-    g_string_free(string, TRUE);
-}
-
-TEST(WideFromUtf8, NeverReadsBeyondString)
-{
-    GString *string = g_string_new("ab");
-    WCHAR out[8];
-    EXPECT_EQ(vorlan::WideCharFromUTF8(string, 100, out), 1);
-    EXPECT_EQ(out[2], 0);
     g_string_free(string, TRUE);
 }

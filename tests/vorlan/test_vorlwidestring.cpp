@@ -26,75 +26,51 @@ const WCHAR *W(const std::u16string &text)
 
 } // namespace
 
-TEST(WideStringLength, CountsUnitsBeforeTerminator)
+TEST(WideStringLength, CountsUnitsBeforeTerminatorAndNullAsEmpty)
 {
     EXPECT_EQ(wcslen(W(U("hello"))), 5u);
     EXPECT_EQ(wcslen(W(U(""))), 0u);
     const WCHAR high[] = {0xFFFF, 0xD800, 0x0100, 0};
     EXPECT_EQ(wcslen(high), 3u);
-}
-
-TEST(WideStringLength, NullCountsAsEmpty)
-{
     EXPECT_EQ(wcslen(static_cast<const unsigned short *>(nullptr)), 0u);
 }
 
-TEST(WideStringCompare, ResultIsExactlyMinusOneZeroOrOne)
+TEST(WideStringCompare, ResultIsExactlyMinusOneZeroOrOneAndUnitsCompareUnsigned)
 {
     EXPECT_EQ(wcscmp(W(U("abc")), W(U("abc"))), 0);
     EXPECT_EQ(wcscmp(W(U("abc")), W(U("abz"))), -1);
     EXPECT_EQ(wcscmp(W(U("abz")), W(U("abc"))), 1);
     EXPECT_EQ(wcscmp(W(U("ab")), W(U("abc"))), -1);
     EXPECT_EQ(wcscmp(W(U("abc")), W(U("ab"))), 1);
-}
-
-TEST(WideStringCompare, UnitsCompareUnsigned)
-{
     const WCHAR high[] = {0x8000, 0};
     const WCHAR low[] = {0x0001, 0};
     EXPECT_EQ(wcscmp(high, low), 1);
     EXPECT_EQ(wcscmp(low, high), -1);
 }
 
-TEST(WideStringCompareCounted, StopsAfterCount)
+TEST(WideStringCompareCounted, StopsAfterCountAndAShorterStringComparesLower)
 {
     EXPECT_EQ(wcsncmp(W(U("abc")), W(U("abd")), 2), 0);
     EXPECT_EQ(wcsncmp(W(U("abc")), W(U("abd")), 3), -1);
     EXPECT_EQ(wcsncmp(W(U("abd")), W(U("abc")), 3), 1);
-}
-
-TEST(WideStringCompareCounted, ZeroCountAndEqualRunGiveZero)
-{
     EXPECT_EQ(wcsncmp(W(U("x")), W(U("y")), 0), 0);
     EXPECT_EQ(wcsncmp(W(U("same")), W(U("same")), 100), 0);
-}
-
-TEST(WideStringCompareCounted, ShorterStringComparesLower)
-{
     EXPECT_EQ(wcsncmp(W(U("ab")), W(U("abc")), 3), -1);
 }
 
-TEST(WideToNarrowCopy, KeepsLowByteOfEachUnit)
+TEST(WideToNarrowCopy, KeepsLowBytesCopiesAtMostSizeMinusOneAndTerminates)
 {
     const WCHAR text[] = {'A', 0x0142, 0xFF41, 'z', 0};
     char out[8];
     std::memset(out, '#', sizeof out);
     EXPECT_EQ(wcs2str(text, out, sizeof out), out);
     EXPECT_EQ(std::string(out), std::string("A\x42\x41z"));
-}
-
-TEST(WideToNarrowCopy, CopiesAtMostSizeMinusOneAndTerminates)
-{
-    char out[8];
     std::memset(out, '#', sizeof out);
     wcs2str(W(U("abcdefgh")), out, 4);
     EXPECT_EQ(std::string(out), "abc");
     EXPECT_EQ(out[4], '#');
-}
-
-TEST(WideToNarrowCopy, SizeOneOrEmptySourceGivesEmptyString)
-{
-    char out[4] = {'#', '#', '#', '#'};
+    // Size one or an empty source give an empty string; size zero writes nothing.
+    std::memset(out, '#', sizeof out);
     wcs2str(W(U("abc")), out, 1);
     EXPECT_EQ(out[0], '\0');
     EXPECT_EQ(out[1], '#');
@@ -102,30 +78,17 @@ TEST(WideToNarrowCopy, SizeOneOrEmptySourceGivesEmptyString)
     wcs2str(W(U("")), out, 4);
     EXPECT_EQ(out[0], '\0');
     EXPECT_EQ(out[1], '#');
-}
-
-TEST(WideToNarrowCopy, ZeroSizeWritesNothing)
-{
-    char out[2] = {'#', '#'};
+    out[0] = '#';
     wcs2str(W(U("abc")), out, 0);
     EXPECT_EQ(out[0], '#');
 }
 
-TEST(WideCharSearch, FindsFirstOccurrence)
+TEST(WideCharSearchAndCopy, FindsTheFirstOccurrenceButNeverTheTerminatorAndCopiesWithIt)
 {
     const std::u16string text = U("abcabc");
     EXPECT_EQ(wcschr(W(text), 'c'), W(text) + 2);
     EXPECT_EQ(wcschr(W(text), 'x'), nullptr);
-}
-
-TEST(WideCharSearch, TerminatorIsNeverFound)
-{
-    const std::u16string text = U("abc");
     EXPECT_EQ(wcschr(W(text), 0), nullptr);
-}
-
-TEST(WideStringCopy, CopiesWithTerminator)
-{
     WCHAR out[6];
     for (WCHAR &unit : out)
         unit = 0x2323;
@@ -136,66 +99,44 @@ TEST(WideStringCopy, CopiesWithTerminator)
     EXPECT_EQ(out[4], 0x2323);
 }
 
-TEST(WideNumberParsing, ParsesDecimalAndSetsEnd)
+TEST(WideNumberParsing, IntegersInAnyBaseFromTheLowBytesSettingTheEnd)
 {
     const std::u16string text = U("  -1234xyz");
     unsigned short *end = nullptr;
     EXPECT_EQ(wcstol(W(text), &end, 10), -1234);
     EXPECT_EQ(end, W(text) + 7);
-}
-
-TEST(WideNumberParsing, HonoursBase)
-{
     EXPECT_EQ(wcstol(W(U("ff")), nullptr, 16), 255);
     EXPECT_EQ(wcstol(W(U("0x1A")), nullptr, 0), 26);
     EXPECT_EQ(wcstol(W(U("777")), nullptr, 8), 511);
-}
-
-TEST(WideNumberParsing, NoDigitsLeaveEndAtStart)
-{
-    const std::u16string text = U("xyz");
-    unsigned short *end = nullptr;
-    EXPECT_EQ(wcstol(W(text), &end, 10), 0);
-    EXPECT_EQ(end, W(text));
-}
-
-TEST(WideNumberParsing, ReadsOnlyFirst254Units)
-{
-    std::u16string text(300, u'1');
-    unsigned short *end = nullptr;
-    const double value = wcstod(W(text), &end);
-    EXPECT_EQ(end, W(text) + 254);
-    EXPECT_GT(value, 1e253);
-    EXPECT_LT(value, 1e254);
-    end = nullptr;
-    wcstol(W(text), &end, 10);
-    EXPECT_EQ(end, W(text) + 254);
-}
-
-TEST(WideNumberParsing, SeesLowBytesOnly)
-{
+    const std::u16string letters = U("xyz");
+    EXPECT_EQ(wcstol(W(letters), &end, 10), 0);
+    EXPECT_EQ(end, W(letters)) << "no digits leave the end at the start";
     // 0x0131 narrows to '1'.
-    const WCHAR text[] = {0x0131, '2', 0};
-    EXPECT_EQ(wcstol(text, nullptr, 10), 12);
-}
-
-TEST(WideNumberParsing, FloatingPoint)
-{
-    const std::u16string text = U("2.5e3rest");
-    unsigned short *end = nullptr;
-    EXPECT_DOUBLE_EQ(wcstod(W(text), &end), 2500.0);
-    EXPECT_EQ(end, W(text) + 5);
-}
-
-TEST(WideNumberParsing, WtoiIsDecimal)
-{
+    const WCHAR wide[] = {0x0131, '2', 0};
+    EXPECT_EQ(wcstol(wide, nullptr, 10), 12);
     EXPECT_EQ(_wtoi(W(U("42abc"))), 42);
     EXPECT_EQ(_wtoi(W(U("-7"))), -7);
     EXPECT_EQ(_wtoi(W(U("010"))), 10);
     EXPECT_EQ(_wtoi(W(U(""))), 0);
 }
 
-TEST(LongToText, BinaryIsAlways33Digits)
+TEST(WideNumberParsing, FloatingPointAndOnlyTheFirst254Units)
+{
+    const std::u16string text = U("2.5e3rest");
+    unsigned short *end = nullptr;
+    EXPECT_DOUBLE_EQ(wcstod(W(text), &end), 2500.0);
+    EXPECT_EQ(end, W(text) + 5);
+    std::u16string ones(300, u'1');
+    const double value = wcstod(W(ones), &end);
+    EXPECT_EQ(end, W(ones) + 254);
+    EXPECT_GT(value, 1e253);
+    EXPECT_LT(value, 1e254);
+    end = nullptr;
+    wcstol(W(ones), &end, 10);
+    EXPECT_EQ(end, W(ones) + 254);
+}
+
+TEST(LongToText, BinaryIsAlways33DigitsOtherBasesAreShort)
 {
     char out[40];
     std::memset(out, '#', sizeof out);
@@ -203,18 +144,7 @@ TEST(LongToText, BinaryIsAlways33Digits)
     EXPECT_EQ(std::strlen(out), 33u);
     EXPECT_EQ(std::string(out), std::string(30, '0') + "101");
     EXPECT_EQ(out[34], '#');
-}
-
-TEST(LongToText, BinaryOfMinusOneHasLeadingZero)
-{
-    char out[34];
-    ltoa(-1, out, 2);
-    EXPECT_EQ(std::string(out), "0" + std::string(32, '1'));
-}
-
-TEST(LongToText, OctalHexAndDecimal)
-{
-    char out[40];
+    EXPECT_EQ(std::string(ltoa(-1, out, 2)), "0" + std::string(32, '1'));
     EXPECT_EQ(std::string(ltoa(8, out, 8)), "10");
     EXPECT_EQ(std::string(ltoa(255, out, 16)), "ff");
     EXPECT_EQ(std::string(ltoa(-1, out, 16)), "ffffffff");
@@ -222,29 +152,17 @@ TEST(LongToText, OctalHexAndDecimal)
     EXPECT_EQ(std::string(ltoa(123, out, 36)), "123");
 }
 
-TEST(AsciiCaseInsensitiveCompare, FoldsAsciiLetters)
+TEST(AsciiCaseInsensitiveCompare, FoldsOnlyAsciiLettersAndGivesTheDifference)
 {
     EXPECT_EQ(ascii_lstrcmpiW(W(U("Hello")), W(U("hELLO"))), 0);
     EXPECT_EQ(ascii_lstrcmpiW(W(U("abc")), W(U("ABD"))), 'c' - 'd');
     EXPECT_EQ(ascii_lstrcmpiW(W(U("B")), W(U("a"))), 'b' - 'a');
-}
-
-TEST(AsciiCaseInsensitiveCompare, UnitsAbove127CompareAsTheyAre)
-{
     const WCHAR upperAGrave[] = {0x00C0, 0};
     const WCHAR lowerAGrave[] = {0x00E0, 0};
     EXPECT_EQ(ascii_lstrcmpiW(upperAGrave, lowerAGrave), 0xC0 - 0xE0);
     EXPECT_EQ(ascii_lstrcmpiW(upperAGrave, upperAGrave), 0);
-}
-
-TEST(AsciiCaseInsensitiveCompare, SymbolsBetweenCasesAreNotFolded)
-{
     // '[' (91) lies just above 'Z' and must stay as it is.
     EXPECT_EQ(ascii_lstrcmpiW(W(U("[")), W(U("{"))), '[' - '{');
-}
-
-TEST(AsciiCaseInsensitiveCompare, ShorterFirstStringGivesNegativeDifference)
-{
     EXPECT_EQ(ascii_lstrcmpiW(W(U("ab")), W(U("abc"))), -'c');
     EXPECT_EQ(ascii_lstrcmpiW(W(U("abc")), W(U("ab"))), 'c');
 }

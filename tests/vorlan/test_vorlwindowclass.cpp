@@ -3,6 +3,7 @@
 // for, and the class name in both forms.
 #include <gtest/gtest.h>
 
+#include "../brano/expect_last_error.h"
 #include "gtk/vorlglobals.h"
 #include "gtk/vorlgtklock.h"
 #include "support/window_objects.h"
@@ -110,7 +111,7 @@ private:
 
 // ---- Registration ------------------------------------------------------------
 
-TEST(ClassRegistration, RoundTripByName)
+TEST(ClassRegistration, RoundTripByNameAndByAtomAndClassesOfOneProcedureShareItsEntry)
 {
     const ATOM atom = RegisterWide(u"VorlanClassRoundTrip", Proc<1>);
     ASSERT_GE(atom, 0xC000);
@@ -123,57 +124,40 @@ TEST(ClassRegistration, RoundTripByName)
     EXPECT_TRUE(UnregisterClassW(W(u"VorlanClassRoundTrip"), nullptr));
     EXPECT_EQ(FindClass(atom), nullptr);
     EXPECT_EQ(FindAtomW(W(u"VorlanClassRoundTrip")), 0) << "the registration's atom count is given back";
-}
 
-TEST(ClassRegistration, RoundTripByAtom)
-{
-    const ATOM atom = RegisterNarrow("VorlanClassByAtom", Proc<2>);
-    ASSERT_NE(atom, 0);
-    EXPECT_EQ(FindClass(atom)->nIdWndProc, AllocWndProcId(Proc<2>, nullptr)) << "an ANSI class";
-    EXPECT_TRUE(UnregisterClassA(AsName(atom), nullptr));
-    EXPECT_EQ(FindClass(atom), nullptr);
+    const ATOM narrow = RegisterNarrow("VorlanClassByAtom", Proc<2>);
+    ASSERT_NE(narrow, 0);
+    EXPECT_EQ(FindClass(narrow)->nIdWndProc, AllocWndProcId(Proc<2>, nullptr)) << "an ANSI class";
+    EXPECT_TRUE(UnregisterClassA(AsName(narrow), nullptr));
+    EXPECT_EQ(FindClass(narrow), nullptr);
     EXPECT_EQ(FindAtomA("VorlanClassByAtom"), 0);
+
+    const ATOM sharedA = RegisterWide(u"VorlanSharedProcA", Proc<6>);
+    const UINT entries = g_nWndProcCount;
+    const ATOM sharedB = RegisterWide(u"VorlanSharedProcB", Proc<6>);
+    ASSERT_NE(sharedA, 0);
+    ASSERT_NE(sharedB, 0);
+    EXPECT_EQ(FindClass(sharedA)->nIdWndProc, FindClass(sharedB)->nIdWndProc);
+    EXPECT_EQ(g_nWndProcCount, entries);
+    UnregisterClassA(AsName(sharedA), nullptr);
+    UnregisterClassA(AsName(sharedB), nullptr);
 }
 
-TEST(ClassRegistration, NamesIgnoreCase)
-{
-    const ATOM atom = RegisterNarrow("VorlanCaseClass", Proc<3>);
-    ASSERT_NE(atom, 0);
-    SetLastError(0);
-    EXPECT_EQ(RegisterWide(u"VORLANCASECLASS", Proc<3>), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_CLASS_ALREADY_EXISTS));
-    EXPECT_TRUE(UnregisterClassA("vorlancaseclass", nullptr));
-    EXPECT_EQ(FindClass(atom), nullptr);
-}
-
-TEST(ClassRegistration, DuplicateKeepsTheAtomCount)
+TEST(ClassRegistration, DuplicateNamesInAnyCaseAreRefusedAndKeepTheAtomCount)
 {
     const ATOM atom = RegisterNarrow("VorlanDuplicateClass", Proc<4>);
     ASSERT_NE(atom, 0);
     const WindowClass *first = FindClass(atom);
-    SetLastError(0);
-    EXPECT_EQ(RegisterNarrow("VorlanDuplicateClass", Proc<5>), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_CLASS_ALREADY_EXISTS));
+    EXPECT_FAILS_WITH(RegisterNarrow("VorlanDuplicateClass", Proc<5>), 0, ERROR_CLASS_ALREADY_EXISTS);
+    EXPECT_FAILS_WITH(RegisterWide(u"VORLANDUPLICATECLASS", Proc<5>), 0, ERROR_CLASS_ALREADY_EXISTS);
     EXPECT_EQ(FindClass(atom), first);
     EXPECT_EQ(first->nIdWndProc, AllocWndProcId(Proc<4>, nullptr)) << "the first registration stands";
-    ASSERT_TRUE(UnregisterClassA("VorlanDuplicateClass", nullptr));
+    ASSERT_TRUE(UnregisterClassA("vorlanduplicateclass", nullptr));
+    EXPECT_EQ(FindClass(atom), nullptr);
     EXPECT_EQ(FindAtomA("VorlanDuplicateClass"), 0) << "one count, given back once";
 }
 
-TEST(ClassRegistration, SameProcedureSharesOneEntry)
-{
-    const ATOM a = RegisterWide(u"VorlanSharedProcA", Proc<6>);
-    const UINT count = g_nWndProcCount;
-    const ATOM b = RegisterWide(u"VorlanSharedProcB", Proc<6>);
-    ASSERT_NE(a, 0);
-    ASSERT_NE(b, 0);
-    EXPECT_EQ(FindClass(a)->nIdWndProc, FindClass(b)->nIdWndProc);
-    EXPECT_EQ(g_nWndProcCount, count);
-    UnregisterClassA(AsName(a), nullptr);
-    UnregisterClassA(AsName(b), nullptr);
-}
-
-TEST(ClassRegistration, MenuNameNumberOrCopy)
+TEST(ClassRegistration, MenuNameNumberOrCopyAndExFormsTakeTheSmallIcon)
 {
     WNDCLASSA wc = {};
     wc.lpfnWndProc = Proc<7>;
@@ -192,10 +176,7 @@ TEST(ClassRegistration, MenuNameNumberOrCopy)
     EXPECT_EQ(Text(FindClass(named)->pszMenuName), u"MainMenu") << "an owned UTF-16 copy";
     EXPECT_TRUE(UnregisterClassA(AsName(numbered), nullptr));
     EXPECT_TRUE(UnregisterClassA(AsName(named), nullptr));
-}
 
-TEST(ClassRegistration, ExFormsTakeTheSmallIcon)
-{
     WNDCLASSEXW wcx = {};
     wcx.cbSize = sizeof wcx;
     wcx.lpfnWndProc = Proc<8>;
@@ -207,9 +188,7 @@ TEST(ClassRegistration, ExFormsTakeTheSmallIcon)
     EXPECT_TRUE(UnregisterClassW(W(u"VorlanExClass"), nullptr));
 
     wcx.cbSize = sizeof wcx - 1;
-    SetLastError(0);
-    EXPECT_EQ(RegisterClassExW(&wcx), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    EXPECT_FAILS_WITH(RegisterClassExW(&wcx), 0, ERROR_INVALID_PARAMETER);
     WNDCLASSEXA wcxa = {};
     wcxa.cbSize = sizeof wcxa + 4;
     wcxa.lpfnWndProc = Proc<8>;
@@ -218,57 +197,30 @@ TEST(ClassRegistration, ExFormsTakeTheSmallIcon)
     EXPECT_EQ(FindAtomA("VorlanExClass"), 0);
 }
 
-TEST(ClassRegistration, BadArgumentsGive87)
+TEST(ClassRegistration, BadArgumentsAndANegativeExtraSizeGive87)
 {
     WNDCLASSA wc = {};
     wc.lpfnWndProc = Proc<9>;
-    SetLastError(0);
-    EXPECT_EQ(RegisterClassA(nullptr), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    SetLastError(0);
-    EXPECT_EQ(RegisterClassA(&wc), 0) << "no name";
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    SetLastError(0);
-    EXPECT_EQ(RegisterWide(u"VorlanNoProcedure", nullptr), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    EXPECT_FAILS_WITH(RegisterClassA(nullptr), 0, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(RegisterClassA(&wc), 0, ERROR_INVALID_PARAMETER); // no name
+    EXPECT_FAILS_WITH(RegisterWide(u"VorlanNoProcedure", nullptr), 0, ERROR_INVALID_PARAMETER);
     EXPECT_EQ(FindAtomW(W(u"VorlanNoProcedure")), 0);
-    SetLastError(0);
-    EXPECT_EQ(RegisterClassW(nullptr), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    SetLastError(0);
-    EXPECT_FALSE(UnregisterClassA(nullptr, nullptr));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    SetLastError(0);
-    EXPECT_FALSE(UnregisterClassW(nullptr, nullptr));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-}
-
-TEST(ClassRegistration, NegativeExtraSizeIsRefused)
-{
-    SetLastError(0);
-    EXPECT_EQ(RegisterWide(u"VorlanNegativeExtra", Proc<10>, -4), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
+    EXPECT_FAILS_WITH(RegisterWide(u"VorlanNegativeExtra", Proc<10>, -4), 0, ERROR_INVALID_PARAMETER);
     EXPECT_EQ(FindAtomW(W(u"VorlanNegativeExtra")), 0);
+    EXPECT_FAILS_WITH(RegisterClassW(nullptr), 0, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(UnregisterClassA(nullptr, nullptr), FALSE, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(UnregisterClassW(nullptr, nullptr), FALSE, ERROR_INVALID_PARAMETER);
 }
 
-TEST(ClassRegistration, UnregisterUnknownGives1411)
+TEST(ClassRegistration, UnregisterGives1411ForAnUnknownClassAnd1412ForOneWithAWindow)
 {
-    SetLastError(0);
-    EXPECT_FALSE(UnregisterClassA("VorlanNeverRegistered", nullptr));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_CLASS_DOES_NOT_EXIST));
+    EXPECT_FAILS_WITH(UnregisterClassA("VorlanNeverRegistered", nullptr), FALSE, ERROR_CLASS_DOES_NOT_EXIST);
     const ATOM plain = AddAtomA("VorlanAtomButNoClass");
-    SetLastError(0);
-    EXPECT_FALSE(UnregisterClassA("VorlanAtomButNoClass", nullptr));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_CLASS_DOES_NOT_EXIST));
+    EXPECT_FAILS_WITH(UnregisterClassA("VorlanAtomButNoClass", nullptr), FALSE, ERROR_CLASS_DOES_NOT_EXIST);
     EXPECT_EQ(FindAtomA("VorlanAtomButNoClass"), plain) << "an atom that is no class is left alone";
     DeleteAtom(plain);
-    SetLastError(0);
-    EXPECT_FALSE(UnregisterClassA(AsName(0x7123), nullptr));
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_CLASS_DOES_NOT_EXIST));
-}
+    EXPECT_FAILS_WITH(UnregisterClassA(AsName(0x7123), nullptr), FALSE, ERROR_CLASS_DOES_NOT_EXIST);
 
-TEST(ClassRegistration, UnregisterWithAWindowGives1412)
-{
     const ATOM atom = RegisterNarrow("VorlanClassWithWindow", Proc<11>);
     ASSERT_NE(atom, 0);
     {
@@ -276,9 +228,7 @@ TEST(ClassRegistration, UnregisterWithAWindowGives1412)
         options.withXWindow = false;
         options.classAtom = atom;
         vorlan_test::TestWindow window(options);
-        SetLastError(0);
-        EXPECT_FALSE(UnregisterClassA("VorlanClassWithWindow", nullptr));
-        EXPECT_EQ(GetLastError(), DWORD(ERROR_CLASS_HAS_WINDOWS));
+        EXPECT_FAILS_WITH(UnregisterClassA("VorlanClassWithWindow", nullptr), FALSE, ERROR_CLASS_HAS_WINDOWS);
         EXPECT_NE(FindClass(atom), nullptr);
     }
     EXPECT_TRUE(UnregisterClassA("VorlanClassWithWindow", nullptr));
@@ -310,7 +260,7 @@ protected:
     ATOM atom = 0;
 };
 
-TEST_F(ClassLongs, FieldsReadBack)
+TEST_F(ClassLongs, FieldsReadBackAndSettingReturnsTheOldValue)
 {
     ClassWindow window(atom);
     const HWND hWnd = window.hwnd();
@@ -322,45 +272,7 @@ TEST_F(ClassLongs, FieldsReadBack)
     EXPECT_EQ(GetClassLongPtrW(hWnd, GCLP_HBRBACKGROUND), 0x1103u);
     EXPECT_EQ(GetClassLongPtrA(hWnd, GCLP_HICONSM), 0x1104u);
     EXPECT_EQ(GetWindowLongPtrA(hWnd, GWLP_HINSTANCE), reinterpret_cast<LONG_PTR>(FakeInstance()));
-}
-
-TEST_F(ClassLongs, ProcedureOnTheSideAskedFor)
-{
-    ClassWindow window(atom);
-    EXPECT_EQ(GetClassLongPtrW(window.hwnd(), GCLP_WNDPROC), reinterpret_cast<ULONG_PTR>(Proc<20>));
-    const ULONG_PTR forAnsi = GetClassLongPtrA(window.hwnd(), GCLP_WNDPROC);
-    EXPECT_TRUE(IsWndProcId(static_cast<LONG_PTR>(forAnsi))) << "no ANSI procedure: the id";
-    EXPECT_EQ(CallWindowProcA(reinterpret_cast<WNDPROC>(forAnsi), window.hwnd(), WM_USER, 0, 0), 2020);
-}
-
-TEST_F(ClassLongs, SettingTheProcedureLeavesWindowsAlone)
-{
-    ClassWindow window(atom);
-    UINT windowProc;
-    {
-        GtkCriticalSection lock;
-        window.object()->nIdWndProc = FindClass(atom)->nIdWndProc;
-        windowProc = window.object()->nIdWndProc;
-    }
-    EXPECT_EQ(SetClassLongPtrW(window.hwnd(), GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(Proc<21>)),
-              reinterpret_cast<ULONG_PTR>(Proc<20>));
-    EXPECT_EQ(FindClass(atom)->nIdWndProc, AllocWndProcId(nullptr, Proc<21>));
-    EXPECT_EQ(window.object()->nIdWndProc, windowProc);
-
-    const ULONG_PTR old = SetClassLongPtrA(window.hwnd(), GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(Proc<22>));
-    EXPECT_EQ(old, ULONG_PTR(AllocWndProcId(nullptr, Proc<21>))) << "the old one had no ANSI side";
-    EXPECT_EQ(FindClass(atom)->nIdWndProc, AllocWndProcId(Proc<22>, nullptr));
-    EXPECT_EQ(GetClassLongPtrA(window.hwnd(), GCLP_WNDPROC), reinterpret_cast<ULONG_PTR>(Proc<22>));
-
-    SetLastError(0);
-    EXPECT_EQ(SetClassLongPtrW(window.hwnd(), GCLP_WNDPROC, 0), 0u);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    EXPECT_EQ(FindClass(atom)->nIdWndProc, AllocWndProcId(Proc<22>, nullptr));
-}
-
-TEST_F(ClassLongs, SetReturnsTheOldValue)
-{
-    ClassWindow window(atom);
+    // Setting returns the old value.
     EXPECT_EQ(SetClassLongW(window.hwnd(), GCL_STYLE, CS_HREDRAW), DWORD(CS_DBLCLKS | CS_OWNDC));
     EXPECT_EQ(GetClassLongW(window.hwnd(), GCL_STYLE), DWORD(CS_HREDRAW));
     EXPECT_EQ(SetClassLongPtrW(window.hwnd(), GCLP_HCURSOR, 0x2202), 0x1102u);
@@ -371,7 +283,36 @@ TEST_F(ClassLongs, SetReturnsTheOldValue)
     EXPECT_EQ(FindClass(atom)->atom, atom);
 }
 
-TEST_F(ClassLongs, SizesAndExtraBytesReadZero)
+TEST_F(ClassLongs, ProcedureOnTheSideAskedForAndSettingItLeavesWindowsAlone)
+{
+    ClassWindow window(atom);
+    EXPECT_EQ(GetClassLongPtrW(window.hwnd(), GCLP_WNDPROC), reinterpret_cast<ULONG_PTR>(Proc<20>));
+    const ULONG_PTR forAnsi = GetClassLongPtrA(window.hwnd(), GCLP_WNDPROC);
+    EXPECT_TRUE(IsWndProcId(static_cast<LONG_PTR>(forAnsi))) << "no ANSI procedure: the id";
+    EXPECT_EQ(CallWindowProcA(reinterpret_cast<WNDPROC>(forAnsi), window.hwnd(), WM_USER, 0, 0), 2020);
+
+    ClassWindow other(atom);
+    UINT windowProc;
+    {
+        GtkCriticalSection lock;
+        other.object()->nIdWndProc = FindClass(atom)->nIdWndProc;
+        windowProc = other.object()->nIdWndProc;
+    }
+    EXPECT_EQ(SetClassLongPtrW(other.hwnd(), GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(Proc<21>)),
+              reinterpret_cast<ULONG_PTR>(Proc<20>));
+    EXPECT_EQ(FindClass(atom)->nIdWndProc, AllocWndProcId(nullptr, Proc<21>));
+    EXPECT_EQ(other.object()->nIdWndProc, windowProc);
+
+    const ULONG_PTR old = SetClassLongPtrA(other.hwnd(), GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(Proc<22>));
+    EXPECT_EQ(old, ULONG_PTR(AllocWndProcId(nullptr, Proc<21>))) << "the old one had no ANSI side";
+    EXPECT_EQ(FindClass(atom)->nIdWndProc, AllocWndProcId(Proc<22>, nullptr));
+    EXPECT_EQ(GetClassLongPtrA(other.hwnd(), GCLP_WNDPROC), reinterpret_cast<ULONG_PTR>(Proc<22>));
+
+    EXPECT_FAILS_WITH(SetClassLongPtrW(other.hwnd(), GCLP_WNDPROC, 0), 0u, ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(FindClass(atom)->nIdWndProc, AllocWndProcId(Proc<22>, nullptr));
+}
+
+TEST_F(ClassLongs, SizesAndExtraBytesReadZeroNarrowFormsRefusePointerIndexesBadHandlesGive1400)
 {
     ClassWindow window(atom);
     EXPECT_EQ(GetClassLongW(window.hwnd(), GCL_CBCLSEXTRA), 0u);
@@ -385,38 +326,18 @@ TEST_F(ClassLongs, SizesAndExtraBytesReadZero)
     EXPECT_EQ(wc->cbClsExtra, 8);
     const BYTE zeros[8] = {};
     EXPECT_EQ(std::memcmp(ClassExtraBytes(wc), zeros, sizeof zeros), 0) << "zeroed and never written";
-}
 
-TEST_F(ClassLongs, NarrowFormsRefusePointerIndexes)
-{
-    ClassWindow window(atom);
-    SetLastError(0);
-    EXPECT_EQ(GetClassLongA(window.hwnd(), GCLP_WNDPROC), 0u);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_INDEX));
-    SetLastError(0);
-    EXPECT_EQ(SetClassLongW(window.hwnd(), GCLP_HICON, 5), 0u);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_INDEX));
+    EXPECT_FAILS_WITH(GetClassLongA(window.hwnd(), GCLP_WNDPROC), 0u, ERROR_INVALID_INDEX);
+    EXPECT_FAILS_WITH(SetClassLongW(window.hwnd(), GCLP_HICON, 5), 0u, ERROR_INVALID_INDEX);
     EXPECT_EQ(FindClass(atom)->hIcon, FakeHandle<HICON>(0x1101));
-}
-
-TEST(ClassLongsBadHandle, Gives1400)
-{
-    SetLastError(0);
-    EXPECT_EQ(GetClassLongPtrA(NoSuchWindow(), GCLP_HMODULE), 0u);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-    SetLastError(0);
-    EXPECT_EQ(GetClassLongW(nullptr, GCL_STYLE), 0u);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-    SetLastError(0);
-    EXPECT_EQ(SetClassLongPtrW(NoSuchWindow(), GCLP_HCURSOR, 1), 0u);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_FAILS_WITH(GetClassLongPtrA(NoSuchWindow(), GCLP_HMODULE), 0u, ERROR_INVALID_WINDOW_HANDLE);
+    EXPECT_FAILS_WITH(GetClassLongW(nullptr, GCL_STYLE), 0u, ERROR_INVALID_WINDOW_HANDLE);
+    EXPECT_FAILS_WITH(SetClassLongPtrW(NoSuchWindow(), GCLP_HCURSOR, 1), 0u, ERROR_INVALID_WINDOW_HANDLE);
 }
 
 // ---- Class names -----------------------------------------------------------------
 
-class ClassNames : public ClassLongs {};
-
-TEST_F(ClassNames, WideNameIsCutToTheBuffer)
+TEST_F(ClassLongs, ClassNameIsCutToTheBufferInBothForms)
 {
     ClassWindow window(atom);
     WCHAR name[64];
@@ -428,45 +349,26 @@ TEST_F(ClassNames, WideNameIsCutToTheBuffer)
     EXPECT_EQ(small[4], 'x') << "nothing beyond the given size";
     EXPECT_EQ(GetClassNameW(window.hwnd(), small, 1), 0);
     EXPECT_EQ(small[0], 0);
+
+    char narrow[64];
+    EXPECT_EQ(GetClassNameA(window.hwnd(), narrow, 64), 16);
+    EXPECT_STREQ(narrow, "VorlanClassLongs");
+    char shortNarrow[6] = "xxxxx";
+    EXPECT_EQ(GetClassNameA(window.hwnd(), shortNarrow, 5), 4);
+    EXPECT_STREQ(shortNarrow, "Vorl");
+    EXPECT_EQ(GetClassNameA(window.hwnd(), shortNarrow, 1), 0);
+    EXPECT_EQ(shortNarrow[0], 0);
 }
 
-TEST_F(ClassNames, AnsiNameIsCutToTheBuffer)
-{
-    ClassWindow window(atom);
-    char name[64];
-    EXPECT_EQ(GetClassNameA(window.hwnd(), name, 64), 16);
-    EXPECT_STREQ(name, "VorlanClassLongs");
-    char small[6] = "xxxxx";
-    EXPECT_EQ(GetClassNameA(window.hwnd(), small, 5), 4);
-    EXPECT_STREQ(small, "Vorl");
-    EXPECT_EQ(GetClassNameA(window.hwnd(), small, 1), 0);
-    EXPECT_EQ(small[0], 0);
-}
-
-TEST(ClassNamesOfAtoms, IntegerAtomClassHasItsNumberForm)
-{
-    char name[16];
-    EXPECT_EQ(GetClassNameA(g_hWndDesktop, name, sizeof name), 6);
-    EXPECT_STREQ(name, "#32769");
-}
-
-TEST(ClassNamesOfAtoms, BadArgumentsAndHandles)
+TEST(ClassNamesOfAtoms, IntegerAtomClassHasItsNumberFormAndBadArgumentsFail)
 {
     char name[16];
     WCHAR wide[16];
-    SetLastError(0);
-    EXPECT_EQ(GetClassNameA(g_hWndDesktop, nullptr, 16), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    SetLastError(0);
-    EXPECT_EQ(GetClassNameW(g_hWndDesktop, wide, 0), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    SetLastError(0);
-    EXPECT_EQ(GetClassNameA(g_hWndDesktop, name, -1), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    SetLastError(0);
-    EXPECT_EQ(GetClassNameW(NoSuchWindow(), wide, 16), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
-    SetLastError(0);
-    EXPECT_EQ(GetClassNameA(NoSuchWindow(), name, 16), 0);
-    EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_WINDOW_HANDLE));
+    EXPECT_EQ(GetClassNameA(g_hWndDesktop, name, sizeof name), 6);
+    EXPECT_STREQ(name, "#32769");
+    EXPECT_FAILS_WITH(GetClassNameA(g_hWndDesktop, nullptr, 16), 0, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(GetClassNameW(g_hWndDesktop, wide, 0), 0, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(GetClassNameA(g_hWndDesktop, name, -1), 0, ERROR_INVALID_PARAMETER);
+    EXPECT_FAILS_WITH(GetClassNameW(NoSuchWindow(), wide, 16), 0, ERROR_INVALID_WINDOW_HANDLE);
+    EXPECT_FAILS_WITH(GetClassNameA(NoSuchWindow(), name, 16), 0, ERROR_INVALID_WINDOW_HANDLE);
 }

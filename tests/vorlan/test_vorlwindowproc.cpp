@@ -54,7 +54,7 @@ WNDPROC FakeAddress(UINT i)
 
 // ---- The id table -------------------------------------------------------------
 
-TEST(WindowProcTable, SameProcedureSharesOneEntry)
+TEST(WindowProcTable, EntriesAreSharedByProcedureAndByEitherHalfOfAPair)
 {
     const UINT id = AllocWndProcId(Proc<1>, nullptr);
     ASSERT_NE(id, 0u);
@@ -63,10 +63,6 @@ TEST(WindowProcTable, SameProcedureSharesOneEntry)
     EXPECT_EQ(g_nWndProcCount, count) << "no entry for a procedure already there";
     EXPECT_NE(AllocWndProcId(Proc<2>, nullptr), id);
     EXPECT_NE(AllocWndProcId(nullptr, Proc<1>), id) << "the same address on the other side is another entry";
-}
-
-TEST(WindowProcTable, HalvesOfAPairFindTheirEntry)
-{
     const UINT pair = AllocWndProcId(Proc<3>, Proc<4>);
     ASSERT_NE(pair, 0u);
     EXPECT_EQ(AllocWndProcId(Proc<3>, nullptr), pair) << "ANSI half";
@@ -77,7 +73,7 @@ TEST(WindowProcTable, HalvesOfAPairFindTheirEntry)
     EXPECT_NE(AllocWndProcId(Proc<6>, Proc<4>), pair) << "same wide side, another ANSI side";
 }
 
-TEST(WindowProcTable, GetRealWndProcFillsEitherSide)
+TEST(WindowProcTable, GetRealWndProcFillsEitherSideRefusesBadIdsAndHasTheDefaultPair)
 {
     const UINT pair = AllocWndProcId(Proc<7>, Proc<8>);
     WNDPROC a = nullptr;
@@ -97,20 +93,25 @@ TEST(WindowProcTable, GetRealWndProcFillsEitherSide)
     ASSERT_TRUE(GetRealWndProc(wideOnly, &a, &w));
     EXPECT_EQ(a, nullptr);
     EXPECT_EQ(w, Proc<9>);
-}
-
-TEST(WindowProcTable, GetRealWndProcRefusesBadIds)
-{
-    WNDPROC a = Proc<1>;
-    WNDPROC w = Proc<2>;
+    a = Proc<1>;
+    w = Proc<2>;
     EXPECT_FALSE(GetRealWndProc(0, &a, &w));
     EXPECT_FALSE(GetRealWndProc(g_nWndProcCount + 1, &a, &w));
     EXPECT_FALSE(GetRealWndProc(kMaxWndProcs + 1, &a, &w));
     EXPECT_EQ(a, Proc<1>) << "untouched";
     EXPECT_EQ(w, Proc<2>) << "untouched";
+
+    const UINT fromAnsi = AllocWndProcId(DefWindowProcA, nullptr);
+    EXPECT_EQ(AllocWndProcId(nullptr, DefWindowProcW), fromAnsi);
+    WNDPROC defA = nullptr;
+    WNDPROC defW = nullptr;
+    ASSERT_TRUE(GetRealWndProc(fromAnsi, &defA, &defW));
+    EXPECT_EQ(defA, DefWindowProcA);
+    EXPECT_EQ(defW, DefWindowProcW);
+    EXPECT_EQ(fromAnsi, 9u) << "start-up made the pair for the desktop's class, after eight built-ins";
 }
 
-TEST(WindowProcTable, IdsAndAddressesToldApartByValue)
+TEST(WindowProcTable, IdsAndAddressesToldApartByValueAndGetWndProcGivesTheSideOrTheId)
 {
     const UINT id = AllocWndProcId(Proc<10>, nullptr);
     EXPECT_TRUE(IsWndProcId(id));
@@ -119,28 +120,12 @@ TEST(WindowProcTable, IdsAndAddressesToldApartByValue)
     EXPECT_FALSE(IsWndProcId(-1));
     EXPECT_FALSE(IsWndProcId(LONG_PTR(g_nWndProcCount) + 1));
     EXPECT_FALSE(IsWndProcId(reinterpret_cast<LONG_PTR>(Proc<10>)));
-}
-
-TEST(WindowProcTable, GetWndProcGivesTheSideOrTheId)
-{
     const UINT ansiOnly = AllocWndProcId(Proc<11>, nullptr);
     EXPECT_EQ(GetWndProc(ansiOnly, FALSE), reinterpret_cast<LONG_PTR>(Proc<11>));
     EXPECT_EQ(GetWndProc(ansiOnly, TRUE), LONG_PTR(ansiOnly));
     const UINT pair = AllocWndProcId(Proc<12>, Proc<13>);
     EXPECT_EQ(GetWndProc(pair, FALSE), reinterpret_cast<LONG_PTR>(Proc<12>));
     EXPECT_EQ(GetWndProc(pair, TRUE), reinterpret_cast<LONG_PTR>(Proc<13>));
-}
-
-TEST(WindowProcTable, DefaultProcedureComesAsAPair)
-{
-    const UINT fromAnsi = AllocWndProcId(DefWindowProcA, nullptr);
-    EXPECT_EQ(AllocWndProcId(nullptr, DefWindowProcW), fromAnsi);
-    WNDPROC a = nullptr;
-    WNDPROC w = nullptr;
-    ASSERT_TRUE(GetRealWndProc(fromAnsi, &a, &w));
-    EXPECT_EQ(a, DefWindowProcA);
-    EXPECT_EQ(w, DefWindowProcW);
-    EXPECT_EQ(fromAnsi, 9u) << "start-up made the pair for the desktop's class, after eight built-ins";
 }
 
 // The child fills the table with distinct addresses; its exit status tells
@@ -171,16 +156,11 @@ TEST(WindowProcTable, FullTableGivesZero)
 
 using WindowProcTableDeathTest = ::testing::Test;
 
-TEST_F(WindowProcTableDeathTest, GetWndProcOfABadIdIsFatal)
+TEST_F(WindowProcTableDeathTest, GetWndProcOfABadIdAndAllocatingNoProcedureAreFatal)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_DEATH(GetWndProc(kMaxWndProcs + 7, FALSE),
                  "vorlan/vorlwindowproc:[0-9]+:.*GetWndProc.*\\(nIdWndProc - 1\\) < g_nWndProcCount");
-}
-
-TEST_F(WindowProcTableDeathTest, AllocatingNoProcedureIsFatal)
-{
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_DEATH(AllocWndProcId(nullptr, nullptr), "pWndProcA != __null \\|\\| pWndProcW != __null");
 }
 
@@ -207,16 +187,12 @@ TEST(WindowProcTable, WindowLongsHandOutAddressesOrIds)
 
 // ---- CallWindowProcA/W ------------------------------------------------------
 
-TEST(WindowProcCalls, NullProcedureGivesZeroAndNoError)
+TEST(WindowProcCalls, NullProcedureGivesZeroAndAnAddressIsTheCallersOwnForm)
 {
     SetLastError(1234);
     EXPECT_EQ(CallWindowProcA(nullptr, FakeWindow(), WM_USER, 1, 2), 0);
     EXPECT_EQ(CallWindowProcW(nullptr, FakeWindow(), WM_USER, 1, 2), 0);
     EXPECT_EQ(GetLastError(), 1234u);
-}
-
-TEST(WindowProcCalls, AddressIsTheCallersOwnForm)
-{
     g_call = {};
     EXPECT_EQ(CallWindowProcA(Proc<15>, FakeWindow(), WM_USER + 3, 0x11, 0x22), 1015);
     EXPECT_EQ(g_call.which, 15);
@@ -230,7 +206,7 @@ TEST(WindowProcCalls, AddressIsTheCallersOwnForm)
     EXPECT_EQ(g_call.wParam, WPARAM(0x33));
 }
 
-TEST(WindowProcCalls, IdPicksTheCallersSide)
+TEST(WindowProcCalls, IdPicksTheCallersSideAndAMissingSideGoesThroughTheThunk)
 {
     const UINT pair = AllocWndProcId(Proc<17>, Proc<18>);
     g_call = {};
@@ -238,10 +214,6 @@ TEST(WindowProcCalls, IdPicksTheCallersSide)
     EXPECT_EQ(g_call.which, 17);
     EXPECT_EQ(CallWindowProcW(AsProc(pair), FakeWindow(), WM_USER, 0, 0), 1018);
     EXPECT_EQ(g_call.which, 18);
-}
-
-TEST(WindowProcCalls, MissingSideGoesThroughTheThunk)
-{
     const UINT wideOnly = AllocWndProcId(nullptr, Proc<19>);
     g_call = {};
     EXPECT_EQ(CallWindowProcA(AsProc(wideOnly), FakeWindow(), WM_USER + 9, 5, 6), 1019);
@@ -277,7 +249,7 @@ LRESULT CALLBACK ThrowingProc(HWND, UINT, WPARAM, LPARAM)
 
 } // namespace
 
-TEST(WindowProcCalls, LockIsFreeWhileTheProcedureRuns)
+TEST(WindowProcCalls, LockIsFreeWhileTheProcedureRunsAndAnExceptionRestoresTheDepth)
 {
     g_otherThreadGotLock = false;
     {
@@ -290,21 +262,7 @@ TEST(WindowProcCalls, LockIsFreeWhileTheProcedureRuns)
     if (g_otherThread.valid())
         g_otherThread.wait();
     EXPECT_TRUE(g_otherThreadGotLock);
-}
 
-TEST(WindowProcCalls, LockIsFreeInTheThunkToo)
-{
-    const UINT ansiOnly = AllocWndProcId(Proc<21>, nullptr);
-    GtkCriticalSection lock;
-    g_call = {};
-    CallWindowProcW(AsProc(ansiOnly), FakeWindow(), WM_USER, 0, 0);
-    EXPECT_EQ(g_call.which, 21);
-    EXPECT_TRUE(g_call.lockFree);
-    EXPECT_EQ(GtkCriticalSection::depth(), 1);
-}
-
-TEST(WindowProcCalls, ExceptionFromTheProcedureRestoresTheDepth)
-{
     GtkCriticalSection outer;
     GtkCriticalSection inner;
     EXPECT_THROW(CallWindowProcW(ThrowingProc, FakeWindow(), WM_USER, 0, 0), std::runtime_error);
@@ -315,11 +273,18 @@ TEST(WindowProcCalls, ExceptionFromTheProcedureRestoresTheDepth)
     EXPECT_EQ(GtkCriticalSection::depth(), 2);
 }
 
-TEST(WindowProcCalls, WithoutTheLockTheCallLeavesItFree)
+TEST(WindowProcCalls, LockIsFreeInTheThunkAndStaysFreeWithoutIt)
 {
     ASSERT_FALSE(GtkCriticalSection::held_by_caller());
     g_call = {};
     CallWindowProcA(Proc<22>, FakeWindow(), WM_USER, 0, 0);
     EXPECT_TRUE(g_call.lockFree);
     EXPECT_FALSE(GtkCriticalSection::held_by_caller());
+    const UINT ansiOnly = AllocWndProcId(Proc<21>, nullptr);
+    GtkCriticalSection lock;
+    g_call = {};
+    CallWindowProcW(AsProc(ansiOnly), FakeWindow(), WM_USER, 0, 0);
+    EXPECT_EQ(g_call.which, 21);
+    EXPECT_TRUE(g_call.lockFree);
+    EXPECT_EQ(GtkCriticalSection::depth(), 1);
 }

@@ -10,6 +10,7 @@
 
 #include <vorlwchar.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -50,6 +51,16 @@ std::u16string Wide(const std::string &ansi)
     return std::u16string(reinterpret_cast<const char16_t *>(buffer), n);
 }
 
+std::string TextOf(const char *text)
+{
+    return text;
+}
+
+std::u16string TextOf(const WCHAR *text)
+{
+    return Wide(text);
+}
+
 HWND FakeWindow()
 {
     return reinterpret_cast<HWND>(0x6160);
@@ -65,6 +76,7 @@ struct Seen {
     std::u16string wide;      // text received by the wide procedure
     std::string ansiClass;    // CREATESTRUCT class name, as a string
     std::u16string wideClass;
+    bool nullName = false;     // the CREATESTRUCT had no window name
     CREATESTRUCTW create = {}; // the other fields of a CREATESTRUCT
 };
 Seen g_seen;
@@ -73,34 +85,24 @@ Seen g_seen;
 std::string g_ansiText;
 std::u16string g_wideText;
 
-void NoteCreate(const void *lParam)
+// Copies text into a caller's buffer of `size` units, terminated.
+template <typename Text> LRESULT CopyOut(const Text &text, WPARAM size, LPARAM lParam)
 {
-    std::memcpy(&g_seen.create, lParam, sizeof g_seen.create);
-}
-
-LRESULT CopyOut(const std::string &text, WPARAM size, LPARAM lParam)
-{
-    auto *out = reinterpret_cast<char *>(lParam);
+    auto *out = reinterpret_cast<typename Text::value_type *>(lParam);
     const size_t n = size == 0 ? 0 : std::min<size_t>(size - 1, text.size());
-    std::memcpy(out, text.data(), n);
-    if (size > 0)
-        out[n] = '\0';
-    return LRESULT(n);
-}
-
-LRESULT CopyOut(const std::u16string &text, WPARAM size, LPARAM lParam)
-{
-    auto *out = reinterpret_cast<char16_t *>(lParam);
-    const size_t n = size == 0 ? 0 : std::min<size_t>(size - 1, text.size());
-    std::memcpy(out, text.data(), n * 2);
+    std::copy_n(text.data(), n, out);
     if (size > 0)
         out[n] = 0;
     return LRESULT(n);
 }
 
-// An ANSI procedure holding g_ansiText as its window text and its one list item.
-LRESULT CALLBACK AnsiProc(HWND, UINT message, WPARAM wParam, LPARAM lParam)
+// A procedure of one character form that holds `held` as its window text
+// and its one list item, and notes what it receives in `seenText` and
+// `seenClass`.
+template <typename CreateStruct, typename Text>
+LRESULT HoldingProc(UINT message, WPARAM wParam, LPARAM lParam, const Text &held, Text &seenText, Text &seenClass)
 {
+    using Chars = decltype(CreateStruct::lpszName);
     ++g_seen.calls;
     g_seen.message = message;
     g_seen.wParam = wParam;
@@ -108,56 +110,37 @@ LRESULT CALLBACK AnsiProc(HWND, UINT message, WPARAM wParam, LPARAM lParam)
     switch (message) {
     case WM_CREATE:
     case WM_NCCREATE: {
-        const auto *cs = reinterpret_cast<const CREATESTRUCTA *>(lParam);
-        NoteCreate(cs);
-        g_seen.ansi = cs->lpszName != nullptr ? cs->lpszName : "(null)";
+        const auto *cs = reinterpret_cast<const CreateStruct *>(lParam);
+        std::memcpy(&g_seen.create, cs, sizeof g_seen.create);
+        g_seen.nullName = cs->lpszName == nullptr;
+        if (cs->lpszName != nullptr)
+            seenText = TextOf(cs->lpszName);
         if (vorlan::IsClassNameString(cs->lpszClass))
-            g_seen.ansiClass = cs->lpszClass;
+            seenClass = TextOf(cs->lpszClass);
         return 77;
     }
     case WM_GETTEXTLENGTH:
     case LB_GETTEXTLEN:
-        return LRESULT(g_ansiText.size());
+        return LRESULT(held.size());
     case WM_GETTEXT:
-        return CopyOut(g_ansiText, wParam, lParam);
+        return CopyOut(held, wParam, lParam);
     case LB_GETTEXT:
-        return CopyOut(g_ansiText, g_ansiText.size() + 1, lParam);
+        return CopyOut(held, held.size() + 1, lParam);
     default:
         if (vorlan::IsPlainStringMessage(message) || message == WM_SETTEXT)
-            g_seen.ansi = reinterpret_cast<const char *>(lParam);
+            seenText = TextOf(reinterpret_cast<Chars>(lParam));
         return 55;
     }
 }
 
-// A wide procedure holding g_wideText as its window text and its one list item.
+LRESULT CALLBACK AnsiProc(HWND, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return HoldingProc<CREATESTRUCTA>(message, wParam, lParam, g_ansiText, g_seen.ansi, g_seen.ansiClass);
+}
+
 LRESULT CALLBACK WideProc(HWND, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    ++g_seen.calls;
-    g_seen.message = message;
-    g_seen.wParam = wParam;
-    g_seen.lParam = lParam;
-    switch (message) {
-    case WM_CREATE:
-    case WM_NCCREATE: {
-        const auto *cs = reinterpret_cast<const CREATESTRUCTW *>(lParam);
-        NoteCreate(cs);
-        g_seen.wide = cs->lpszName != nullptr ? Wide(cs->lpszName) : u"(null)";
-        if (vorlan::IsClassNameString(cs->lpszClass))
-            g_seen.wideClass = Wide(cs->lpszClass);
-        return 77;
-    }
-    case WM_GETTEXTLENGTH:
-    case LB_GETTEXTLEN:
-        return LRESULT(g_wideText.size());
-    case WM_GETTEXT:
-        return CopyOut(g_wideText, wParam, lParam);
-    case LB_GETTEXT:
-        return CopyOut(g_wideText, g_wideText.size() + 1, lParam);
-    default:
-        if (vorlan::IsPlainStringMessage(message) || message == WM_SETTEXT)
-            g_seen.wide = Wide(reinterpret_cast<const WCHAR *>(lParam));
-        return 55;
-    }
+    return HoldingProc<CREATESTRUCTW>(message, wParam, lParam, g_wideText, g_seen.wide, g_seen.wideClass);
 }
 
 WNDPROC AnsiOnly()
@@ -228,7 +211,7 @@ void ExpectSameGeometry(const CREATESTRUCTW &seen, const CREATESTRUCTW &sent)
 
 // ---- Wide caller, ANSI procedure ------------------------------------------------
 
-TEST_F(WindowProcThunks, W2A_SetTextConvertsAndDropsWParam)
+TEST_F(WindowProcThunks, W2A_SetTextConvertsAndDropsWParamGetTextLengthIsTheAnsiLength)
 {
     EXPECT_EQ(SendW(WM_SETTEXT, 9, kText), 55);
     EXPECT_EQ(g_seen.ansi, Ansi(kText));
@@ -236,9 +219,13 @@ TEST_F(WindowProcThunks, W2A_SetTextConvertsAndDropsWParam)
     g_seen = Seen();
     EXPECT_EQ(SendW(WM_SETTEXT, 0, nullptr), 0);
     EXPECT_EQ(g_seen.calls, 0);
+    g_seen = Seen();
+    EXPECT_EQ(SendW(WM_GETTEXTLENGTH, 3, reinterpret_cast<void *>(4)), LRESULT(g_ansiText.size()));
+    EXPECT_EQ(g_seen.wParam, 0u);
+    EXPECT_EQ(g_seen.lParam, 0);
 }
 
-TEST_F(WindowProcThunks, W2A_GetTextGivesUnitsThatFit)
+TEST_F(WindowProcThunks, W2A_GetTextGivesUnitsThatFitAndWithoutRoomDoesNotCallTheProcedure)
 {
     WCHAR buffer[64];
     std::fill(std::begin(buffer), std::end(buffer), WCHAR(0x2A));
@@ -250,11 +237,8 @@ TEST_F(WindowProcThunks, W2A_GetTextGivesUnitsThatFit)
     EXPECT_EQ(SendW(WM_GETTEXT, 4, buffer), 3);
     EXPECT_EQ(Wide(buffer), Wide(g_ansiText).substr(0, 3));
     EXPECT_EQ(buffer[4], WCHAR(0x2A)) << "nothing written past the caller's size";
-}
-
-TEST_F(WindowProcThunks, W2A_GetTextWithoutRoomDoesNotCallTheProcedure)
-{
-    WCHAR buffer[8] = {0x2A};
+    g_seen = Seen();
+    buffer[0] = WCHAR(0x2A);
     EXPECT_EQ(SendW(WM_GETTEXT, 0, buffer), 0);
     EXPECT_EQ(SendW(WM_GETTEXT, 8, nullptr), 0);
     EXPECT_EQ(g_seen.calls, 0);
@@ -263,14 +247,7 @@ TEST_F(WindowProcThunks, W2A_GetTextWithoutRoomDoesNotCallTheProcedure)
     EXPECT_EQ(buffer[0], 0);
 }
 
-TEST_F(WindowProcThunks, W2A_GetTextLengthIsTheAnsiLength)
-{
-    EXPECT_EQ(SendW(WM_GETTEXTLENGTH, 3, reinterpret_cast<void *>(4)), LRESULT(g_ansiText.size()));
-    EXPECT_EQ(g_seen.wParam, 0u);
-    EXPECT_EQ(g_seen.lParam, 0);
-}
-
-TEST_F(WindowProcThunks, W2A_CreateStructNamesBecomeAnsi)
+TEST_F(WindowProcThunks, W2A_CreateStructNamesBecomeAnsiAtomsAndNullNamesPassAsTheyAre)
 {
     const CREATESTRUCTW cs = SampleCreate(kText, kClass);
     EXPECT_EQ(SendW(WM_CREATE, 5, &cs), 77);
@@ -280,20 +257,17 @@ TEST_F(WindowProcThunks, W2A_CreateStructNamesBecomeAnsi)
     EXPECT_EQ(g_seen.ansiClass, "Klasse");
     ExpectSameGeometry(g_seen.create, cs);
     EXPECT_EQ(cs.lpszName, kText) << "the caller's structure is left alone";
-}
-
-TEST_F(WindowProcThunks, W2A_CreateStructAtomAndNullNamePassAsTheyAre)
-{
-    const CREATESTRUCTW cs = SampleCreate(nullptr, reinterpret_cast<const WCHAR *>(ULONG_PTR(0xC123)));
-    EXPECT_EQ(SendW(WM_NCCREATE, 0, &cs), 77);
-    EXPECT_EQ(g_seen.ansi, "(null)");
+    g_seen = Seen();
+    const CREATESTRUCTW unnamed = SampleCreate(nullptr, reinterpret_cast<const WCHAR *>(ULONG_PTR(0xC123)));
+    EXPECT_EQ(SendW(WM_NCCREATE, 0, &unnamed), 77);
+    EXPECT_TRUE(g_seen.nullName);
     EXPECT_EQ(reinterpret_cast<ULONG_PTR>(g_seen.create.lpszClass), 0xC123u);
     g_seen = Seen();
     EXPECT_EQ(SendW(WM_CREATE, 0, nullptr), 0);
     EXPECT_EQ(g_seen.calls, 0);
 }
 
-TEST_F(WindowProcThunks, W2A_StringMessagesKeepWParam)
+TEST_F(WindowProcThunks, W2A_StringMessagesKeepWParamAndListBoxGetTextGivesUnits)
 {
     for (UINT message : {UINT(EM_REPLACESEL), UINT(LB_ADDSTRING), UINT(LB_INSERTSTRING), UINT(LB_SELECTSTRING),
                          UINT(LB_FINDSTRING), UINT(LB_FINDSTRINGEXACT)}) {
@@ -306,10 +280,7 @@ TEST_F(WindowProcThunks, W2A_StringMessagesKeepWParam)
         EXPECT_EQ(SendW(message, 3, nullptr), 0) << message;
         EXPECT_EQ(g_seen.calls, 0) << message;
     }
-}
-
-TEST_F(WindowProcThunks, W2A_ListBoxGetTextGivesUnits)
-{
+    g_seen = Seen();
     g_ansiText = Ansi(kItem);
     WCHAR buffer[32];
     std::fill(std::begin(buffer), std::end(buffer), WCHAR(0x2A));
@@ -322,7 +293,7 @@ TEST_F(WindowProcThunks, W2A_ListBoxGetTextGivesUnits)
     EXPECT_EQ(g_seen.calls, 0);
 }
 
-TEST_F(WindowProcThunks, W2A_CharAndComboMessagesPassUnchanged)
+TEST_F(WindowProcThunks, CharComboAndOtherMessagesPassUnchangedBothWays)
 {
     EXPECT_EQ(SendW(WM_CHAR, 0xE9, reinterpret_cast<void *>(0x10001)), 55);
     EXPECT_EQ(g_seen.wParam, 0xE9u);
@@ -331,19 +302,29 @@ TEST_F(WindowProcThunks, W2A_CharAndComboMessagesPassUnchanged)
     EXPECT_EQ(g_seen.wParam, 0x4E2Du);
     EXPECT_EQ(SendW(CB_ADDSTRING, 1, kItem), 55);
     EXPECT_EQ(g_seen.lParam, reinterpret_cast<LPARAM>(kItem)) << "the caller's own pointer";
+
+    // ANSI caller, wide procedure.
+    const char *text = "abc";
+    EXPECT_EQ(SendA(CB_ADDSTRING, 6, text), 55);
+    EXPECT_EQ(g_seen.wParam, 6u);
+    EXPECT_EQ(g_seen.lParam, reinterpret_cast<LPARAM>(text));
+    EXPECT_EQ(SendA(WM_USER + 40, 7, reinterpret_cast<void *>(8)), 55);
+    EXPECT_EQ(g_seen.message, UINT(WM_USER + 40));
+    EXPECT_EQ(g_seen.lParam, 8);
 }
 
 // ---- ANSI caller, wide procedure ------------------------------------------------
 
-TEST_F(WindowProcThunks, A2W_SetTextConvertsAndDropsWParam)
+TEST_F(WindowProcThunks, A2W_SetTextConvertsAndDropsWParamGetTextLengthIsAnUpperBoundInBytes)
 {
     const std::string ansi = Ansi(kText);
     EXPECT_EQ(SendA(WM_SETTEXT, 9, ansi.c_str()), 55);
     EXPECT_EQ(g_seen.wide, Wide(ansi));
     EXPECT_EQ(g_seen.wParam, 0u);
+    EXPECT_EQ(SendA(WM_GETTEXTLENGTH, 0, nullptr), LRESULT(2 * g_wideText.size()));
 }
 
-TEST_F(WindowProcThunks, A2W_GetTextGivesBytes)
+TEST_F(WindowProcThunks, A2W_GetTextGivesBytesAlsoIntoAShortBufferOrOfAnEmptyWindow)
 {
     char buffer[64];
     std::memset(buffer, '*', sizeof buffer);
@@ -351,11 +332,6 @@ TEST_F(WindowProcThunks, A2W_GetTextGivesBytes)
     EXPECT_EQ(SendA(WM_GETTEXT, sizeof buffer, buffer), LRESULT(expected.size())) << "bytes, not units";
     EXPECT_EQ(std::string(buffer), expected);
     EXPECT_EQ(g_seen.wParam, g_wideText.size() + 1);
-}
-
-TEST_F(WindowProcThunks, A2W_GetTextIntoAShortBuffer)
-{
-    char buffer[16];
     std::memset(buffer, '*', sizeof buffer);
     const LRESULT got = SendA(WM_GETTEXT, 4, buffer);
     EXPECT_EQ(g_seen.wParam, 4u) << "no more units asked for than the caller has bytes";
@@ -363,24 +339,15 @@ TEST_F(WindowProcThunks, A2W_GetTextIntoAShortBuffer)
     EXPECT_EQ(LRESULT(std::strlen(buffer)), got);
     EXPECT_EQ(AnsiOfGetText(kText).compare(0, size_t(got), buffer), 0) << "a prefix of the text";
     EXPECT_EQ(buffer[4], '*');
-}
-
-TEST_F(WindowProcThunks, A2W_GetTextOfAnEmptyWindow)
-{
+    g_seen = Seen();
     g_wideText.clear();
-    char buffer[8];
     std::memset(buffer, '*', sizeof buffer);
-    EXPECT_EQ(SendA(WM_GETTEXT, sizeof buffer, buffer), 0);
+    EXPECT_EQ(SendA(WM_GETTEXT, 8, buffer), 0);
     EXPECT_EQ(buffer[0], '\0');
     EXPECT_EQ(g_seen.message, UINT(WM_GETTEXTLENGTH)) << "WM_GETTEXT itself is not sent";
     g_seen = Seen();
-    EXPECT_EQ(SendA(WM_GETTEXT, sizeof buffer, nullptr), 0);
+    EXPECT_EQ(SendA(WM_GETTEXT, 8, nullptr), 0);
     EXPECT_EQ(g_seen.calls, 0);
-}
-
-TEST_F(WindowProcThunks, A2W_GetTextLengthIsAnUpperBoundInBytes)
-{
-    EXPECT_EQ(SendA(WM_GETTEXTLENGTH, 0, nullptr), LRESULT(2 * g_wideText.size()));
 }
 
 TEST_F(WindowProcThunks, A2W_CreateStructNamesBecomeWide)
@@ -398,7 +365,7 @@ TEST_F(WindowProcThunks, A2W_CreateStructNamesBecomeWide)
     ExpectSameGeometry(g_seen.create, sample);
 }
 
-TEST_F(WindowProcThunks, A2W_StringMessagesKeepWParam)
+TEST_F(WindowProcThunks, A2W_StringMessagesKeepWParamAndListBoxGetTextGivesBytes)
 {
     const std::string item = Ansi(kItem);
     for (UINT message : {UINT(EM_REPLACESEL), UINT(LB_ADDSTRING), UINT(LB_INSERTSTRING), UINT(LB_SELECTSTRING),
@@ -411,10 +378,7 @@ TEST_F(WindowProcThunks, A2W_StringMessagesKeepWParam)
         EXPECT_EQ(SendA(message, 4, nullptr), 0) << message;
         EXPECT_EQ(g_seen.calls, 0) << message;
     }
-}
-
-TEST_F(WindowProcThunks, A2W_ListBoxGetTextGivesBytes)
-{
+    g_seen = Seen();
     g_wideText = Wide(kItem);
     char buffer[32];
     std::memset(buffer, '*', sizeof buffer);
@@ -443,17 +407,6 @@ TEST_F(WindowProcThunks, A2W_CharUnitBecomesOneAnsiByte)
         EXPECT_EQ(result, 0);
         EXPECT_EQ(g_seen.calls, 0) << "a unit of several bytes is not delivered";
     }
-}
-
-TEST_F(WindowProcThunks, A2W_OtherMessagesPassUnchanged)
-{
-    const char *text = "abc";
-    EXPECT_EQ(SendA(CB_ADDSTRING, 6, text), 55);
-    EXPECT_EQ(g_seen.wParam, 6u);
-    EXPECT_EQ(g_seen.lParam, reinterpret_cast<LPARAM>(text));
-    EXPECT_EQ(SendA(WM_USER + 40, 7, reinterpret_cast<void *>(8)), 55);
-    EXPECT_EQ(g_seen.message, UINT(WM_USER + 40));
-    EXPECT_EQ(g_seen.lParam, 8);
 }
 
 // The same WM_CHAR in a single-byte and in a multi-byte process page: one
