@@ -13,17 +13,6 @@ using namespace vorlan_test;
 
 namespace {
 
-GdkRectangle TakeUpdateArea(GdkWindow *window)
-{
-    vorlan::GtkCriticalSection lock;
-    GdkRectangle box = {0, 0, 0, 0};
-    if (GdkRegion *region = gdk_window_get_update_area(window)) {
-        gdk_region_get_clipbox(region, &box);
-        gdk_region_destroy(region);
-    }
-    return box;
-}
-
 // Freezes the window's updates and clears what the mapping exposed, taking
 // any Expose still queued on the display with it.
 void StartClean(GdkWindow *window)

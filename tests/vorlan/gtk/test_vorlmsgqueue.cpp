@@ -715,18 +715,10 @@ TEST(VorlThread, CurrentThreadDataIsMadeOnceAndTheMainThreadsHasTheDefaultContex
 // thread names none.
 TEST(VorlThread, ForeignThreadDataIsNeverMadeFromOutside)
 {
-    std::promise<DWORD> idOfWorker;
-    std::promise<void> release;
-    std::thread worker([&] {
-        idOfWorker.set_value(GetCurrentThreadId());
-        release.get_future().wait();
-    });
-    const DWORD workerId = idOfWorker.get_future().get();
-    EXPECT_EQ(ThreadData::GetThreadData(workerId, TRUE), nullptr);
-    EXPECT_EQ(ThreadData::GetThreadData(workerId, FALSE), nullptr);
+    ThreadWithoutQueue worker;
+    EXPECT_EQ(ThreadData::GetThreadData(worker.id(), TRUE), nullptr);
+    EXPECT_EQ(ThreadData::GetThreadData(worker.id(), FALSE), nullptr);
     EXPECT_EQ(ThreadData::GetThreadData(0, TRUE), nullptr);
-    release.set_value();
-    worker.join();
 }
 
 // A worker that ends loses its data, its windows and its stand-ins;

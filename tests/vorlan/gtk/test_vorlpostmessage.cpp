@@ -77,24 +77,16 @@ protected:
 // owner is gone all refuse the post.
 TEST_F(CrossThreadMessages, PostToAThreadOrWindowWithoutQueueGives1444)
 {
-    std::promise<DWORD> idOfWorker;
-    std::promise<void> release;
-    std::thread worker([&] {
-        idOfWorker.set_value(GetCurrentThreadId());
-        release.get_future().wait();
-    });
+    ThreadWithoutQueue worker;
     HWND gone = CreateTestWindow(ComputeProc);
     DestroyTestWindow(gone);
-    const DWORD workerId = idOfWorker.get_future().get();
     const std::pair<HWND, DWORD> targets[] = {
-        {nullptr, workerId}, {nullptr, 0x7FFFFFF0u}, {gone, POST_TO_WINDOW_THREAD}};
+        {nullptr, worker.id()}, {nullptr, 0x7FFFFFF0u}, {gone, POST_TO_WINDOW_THREAD}};
     for (const auto &[hWnd, tid] : targets) {
         SetLastError(0);
         EXPECT_EQ(LockedPost(hWnd, WM_USER, 0, 0, tid), 0);
         EXPECT_EQ(GetLastError(), 1444u);
     }
-    release.set_value();
-    worker.join();
 }
 
 // Posts and sends reach the window's thread; messages that carry pointers

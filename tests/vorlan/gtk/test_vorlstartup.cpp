@@ -52,19 +52,6 @@ GdkFilterReturn Filter(XEvent event)
     return result;
 }
 
-// The update area that GDK has collected for the window, cleared by the
-// call.  Empty when nothing was invalidated.
-GdkRectangle TakeUpdateArea(GdkWindow *window)
-{
-    vorlan::GtkCriticalSection lock;
-    GdkRectangle box = {0, 0, 0, 0};
-    if (GdkRegion *region = gdk_window_get_update_area(window)) {
-        gdk_region_get_clipbox(region, &box);
-        gdk_region_destroy(region);
-    }
-    return box;
-}
-
 void FreezeUpdates(GdkWindow *window)
 {
     vorlan::GtkCriticalSection lock;
@@ -129,14 +116,7 @@ void Handle(GdkEvent *event)
 void SendCloseRequest(XID window)
 {
     vorlan::GtkCriticalSection lock;
-    XEvent event = {};
-    event.xclient.type = ClientMessage;
-    event.xclient.display = XDisplay();
-    event.xclient.window = window;
-    event.xclient.message_type = XInternAtom(XDisplay(), "WM_PROTOCOLS", False);
-    event.xclient.format = 32;
-    event.xclient.data.l[0] = static_cast<long>(XInternAtom(XDisplay(), "WM_DELETE_WINDOW", False));
-    event.xclient.data.l[1] = CurrentTime;
+    XEvent event = ProtocolMessage(window, XInternAtom(XDisplay(), "WM_DELETE_WINDOW", False));
     XSendEvent(XDisplay(), window, False, 0, &event);
     XSync(XDisplay(), False);
 }

@@ -22,19 +22,6 @@ WindowOptions Top()
     return ObjectSpec(nullptr, WS_OVERLAPPEDWINDOW, {100, 100, 300, 250}, true);
 }
 
-XEvent TakeFocus(XID window, Atom protocol)
-{
-    XEvent event = {};
-    event.xclient.type = ClientMessage;
-    event.xclient.display = XDisplay();
-    event.xclient.window = window;
-    event.xclient.message_type = XInternAtom(XDisplay(), "WM_PROTOCOLS", False);
-    event.xclient.format = 32;
-    event.xclient.data.l[0] = static_cast<long>(protocol);
-    event.xclient.data.l[1] = CurrentTime;
-    return event;
-}
-
 XEvent Focus(int type, XID window)
 {
     XEvent event = {};
@@ -66,11 +53,11 @@ TEST(TopWindowFilter, TakesTakeFocusAndFocusEventsOfItsWindowAndPassesTheRest)
     TestWindow top(Top());
     TestWindow other(Top());
     const XID xid = top.xid();
-    EXPECT_EQ(Filter(TakeFocus(xid, vorlan::g_wm_take_focus), top.hwnd()), GDK_FILTER_REMOVE);
-    EXPECT_EQ(Filter(TakeFocus(xid, vorlan::g_wm_delete_window), top.hwnd()), GDK_FILTER_CONTINUE);
+    EXPECT_EQ(Filter(ProtocolMessage(xid, vorlan::g_wm_take_focus), top.hwnd()), GDK_FILTER_REMOVE);
+    EXPECT_EQ(Filter(ProtocolMessage(xid, vorlan::g_wm_delete_window), top.hwnd()), GDK_FILTER_CONTINUE);
     // The skip flag swallows one WM_TAKE_FOCUS and is used up.
     SetWindowLongW(top.hwnd(), GWL_VORLFLAGS, WF_SKIPTAKEFOCUS);
-    EXPECT_EQ(Filter(TakeFocus(xid, vorlan::g_wm_take_focus), top.hwnd()), GDK_FILTER_REMOVE);
+    EXPECT_EQ(Filter(ProtocolMessage(xid, vorlan::g_wm_take_focus), top.hwnd()), GDK_FILTER_REMOVE);
     EXPECT_EQ(Flags(top.hwnd()) & WF_SKIPTAKEFOCUS, 0u);
 
     // Focus events never reach GDK, unless a popup menu runs.
@@ -102,7 +89,7 @@ TEST(TopWindowFilter, InstalledFilterSeesServerMessages)
         vorlan::GtkCriticalSection lock;
         SetWMInputMode(top.hwnd());
         SetWindowLongW(top.hwnd(), GWL_VORLFLAGS, WF_SKIPTAKEFOCUS);
-        XEvent event = TakeFocus(top.xid(), vorlan::g_wm_take_focus);
+        XEvent event = ProtocolMessage(top.xid(), vorlan::g_wm_take_focus);
         XSendEvent(XDisplay(), top.xid(), False, NoEventMask, &event);
         XFlush(XDisplay());
     }

@@ -145,4 +145,28 @@ void WithGdkLockHeld(const std::function<void()> &call)
     gdk_threads_leave();
 }
 
+GdkRectangle TakeUpdateArea(GdkWindow *window)
+{
+    vorlan::GtkCriticalSection lock;
+    GdkRectangle box = {0, 0, 0, 0};
+    if (GdkRegion *region = gdk_window_get_update_area(window)) {
+        gdk_region_get_clipbox(region, &box);
+        gdk_region_destroy(region);
+    }
+    return box;
+}
+
+XEvent ProtocolMessage(XID window, Atom protocol)
+{
+    XEvent event = {};
+    event.xclient.type = ClientMessage;
+    event.xclient.display = XDisplay();
+    event.xclient.window = window;
+    event.xclient.message_type = XInternAtom(XDisplay(), "WM_PROTOCOLS", False);
+    event.xclient.format = 32;
+    event.xclient.data.l[0] = static_cast<long>(protocol);
+    event.xclient.data.l[1] = CurrentTime;
+    return event;
+}
+
 } // namespace vorlan_test

@@ -83,6 +83,14 @@ HWND FakeHwnd(unsigned slot);
 // and waits until it is in the client's queue.
 void SendExpose(XID window, int x, int y, int width, int height);
 
+// The update area that GDK has collected for the window, cleared by the
+// call.  Empty when nothing was invalidated.
+GdkRectangle TakeUpdateArea(GdkWindow *window);
+
+// A WM_PROTOCOLS client message carrying `protocol`, as the window manager
+// sends it to a top-level window.
+XEvent ProtocolMessage(XID window, Atom protocol);
+
 // Runs `call` with GDK's lock held the way GDK holds it around its dispatch.
 void WithGdkLockHeld(const std::function<void()> &call);
 

@@ -101,6 +101,23 @@ DWORD EndedThreadId()
     return tid;
 }
 
+ThreadWithoutQueue::ThreadWithoutQueue()
+{
+    std::promise<DWORD> started;
+    std::future<void> released = m_release.get_future();
+    m_thread = std::thread([&started, released = std::move(released)]() mutable {
+        started.set_value(GetCurrentThreadId());
+        released.wait();
+    });
+    m_id = started.get_future().get();
+}
+
+ThreadWithoutQueue::~ThreadWithoutQueue()
+{
+    m_release.set_value();
+    m_thread.join();
+}
+
 bool SpinUntil(const std::function<bool()> &done, int timeoutMilliseconds)
 {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMilliseconds);

@@ -10,6 +10,8 @@
 
 #include <chrono>
 #include <functional>
+#include <future>
+#include <thread>
 
 namespace vorlan_test {
 
@@ -49,6 +51,22 @@ void ResetCurrentThreadQueues();
 
 // The id of a thread that has ended without ever having thread data.
 DWORD EndedThreadId();
+
+// A live thread that never makes thread data; it ends with the object.
+class ThreadWithoutQueue {
+public:
+    ThreadWithoutQueue();
+    ~ThreadWithoutQueue();
+    ThreadWithoutQueue(const ThreadWithoutQueue &) = delete;
+    ThreadWithoutQueue &operator=(const ThreadWithoutQueue &) = delete;
+
+    DWORD id() const { return m_id; }
+
+private:
+    std::promise<void> m_release;
+    std::thread m_thread;
+    DWORD m_id = 0;
+};
 
 // Spins (with short sleeps) until `done` holds or the timeout passes.
 bool SpinUntil(const std::function<bool()> &done, int timeoutMilliseconds = 10000);
