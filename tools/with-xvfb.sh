@@ -37,13 +37,14 @@ trap cleanup EXIT
 trap 'exit 130' INT TERM
 
 # Xvfb writes the display number it picked to a descriptor once it is ready,
-# which avoids racing other servers for a number.
+# which avoids racing other servers for a number.  On a loaded machine the
+# start can take many seconds, so both waits allow half a minute.
 exec {dispfd}<> <(:)
 Xvfb -displayfd "$dispfd" -screen 0 "${size}x${depth}" -nolisten tcp -noreset \
   >"$workdir/xvfb.log" 2>&1 &
 xvfb_pid=$!
 display_number=""
-for _ in $(seq 1 100); do
+for _ in $(seq 1 300); do
   if read -r -t 0.1 -u "$dispfd" display_number 2>/dev/null && [ -n "$display_number" ]; then
     break
   fi
@@ -57,7 +58,7 @@ if [ "$use_wm" = 1 ]; then
   HOME="$workdir" openbox --sm-disable >"$workdir/openbox.log" 2>&1 &
   wm_pid=$!
   # The window manager is ready once it has published the work area.
-  for _ in $(seq 1 200); do
+  for _ in $(seq 1 600); do
     if xprop -root _NET_WORKAREA 2>/dev/null | grep -q '='; then break; fi
     kill -0 "$wm_pid" 2>/dev/null || { cat "$workdir/openbox.log" >&2; echo "openbox failed to start" >&2; exit 1; }
     sleep 0.05

@@ -26,7 +26,7 @@ set -e
 [ "$status" = 7 ] || { echo "exit status not passed on: $status"; exit 1; }
 display2=$(cat "$state/display2")
 # The server of the failed command must be gone.
-for _ in $(seq 1 50); do
+for _ in $(seq 1 150); do
   [ -e "/tmp/.X${display2#:}-lock" ] || break
   sleep 0.1
 done
