@@ -58,11 +58,9 @@ void FreeMenu(WindowObject *pWnd)
 
 void FreeWindowObject(HWND hWnd)
 {
-    WindowObject *pWnd = vorlan::getWindow(hWnd);
-    if (pWnd == nullptr) {
-        vorlan::FailBadHandle();
+    WindowObject *pWnd = vorlan::getWindowOrFail(hWnd);
+    if (pWnd == nullptr)
         return;
-    }
     if (pWnd->pWndParent != nullptr)
         UnlinkWindow(hWnd);
     FreeMenu(pWnd);

@@ -54,11 +54,9 @@ void ClearTransientFor(HWND hWnd)
 
 HWND SetOwner(HWND hWnd, HWND hWndOwner)
 {
-    vorlan::Window *pWnd = vorlan::getWindow(hWnd);
-    if (pWnd == nullptr) {
-        vorlan::FailBadHandle();
+    vorlan::Window *pWnd = vorlan::getWindowOrFail(hWnd);
+    if (pWnd == nullptr)
         return nullptr;
-    }
     const HWND old = vorlan::HandleOf(pWnd->pWndOwner);
     vorlan::TemporaryXErrorHandler trap;
     if (hWndOwner == nullptr) {

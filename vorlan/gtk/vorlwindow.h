@@ -138,6 +138,16 @@ inline bool FailBadHandle()
     return false;
 }
 
+// The object of a handle; for a handle that names no window, null with the
+// bad-handle error set.
+inline Window *getWindowOrFail(HWND hWnd)
+{
+    Window *pWnd = getWindow(hWnd);
+    if (pWnd == nullptr)
+        FailBadHandle();
+    return pWnd;
+}
+
 } // namespace vorlan
 
 #endif // VORLAN_GTK_VORLWINDOW_H

@@ -13,14 +13,6 @@ using WindowObject = vorlan::Window;
 
 namespace {
 
-WindowObject *LookUp(HWND hWnd)
-{
-    WindowObject *pWnd = vorlan::getWindow(hWnd);
-    if (pWnd == nullptr)
-        vorlan::FailBadHandle();
-    return pWnd;
-}
-
 void Offset(RECT *rect, int dx, int dy)
 {
     rect->left += dx;
@@ -37,7 +29,7 @@ bool ClientOrigin(HWND hWnd, POINT *origin)
         *origin = {0, 0};
         return true;
     }
-    const WindowObject *pWnd = LookUp(hWnd);
+    const WindowObject *pWnd = vorlan::getWindowOrFail(hWnd);
     if (pWnd == nullptr)
         return false;
     if (hWnd == g_hWndDesktop)
@@ -96,7 +88,7 @@ BOOL GetWindowMinMaxInfo(HWND hWnd, MINMAXINFO *info)
 BOOL WINAPI GetWindowRect(HWND hWnd, LPRECT lpRect)
 {
     vorlan::GtkCriticalSection lock;
-    const WindowObject *pWnd = LookUp(hWnd);
+    const WindowObject *pWnd = vorlan::getWindowOrFail(hWnd);
     if (pWnd == nullptr || lpRect == nullptr)
         return FALSE;
     *lpRect = pWnd->rcWindow;
@@ -106,7 +98,7 @@ BOOL WINAPI GetWindowRect(HWND hWnd, LPRECT lpRect)
 BOOL WINAPI GetClientRect(HWND hWnd, LPRECT lpRect)
 {
     vorlan::GtkCriticalSection lock;
-    const WindowObject *pWnd = LookUp(hWnd);
+    const WindowObject *pWnd = vorlan::getWindowOrFail(hWnd);
     if (pWnd == nullptr || lpRect == nullptr)
         return FALSE;
     *lpRect = {0, 0, pWnd->rcClient.right - pWnd->rcClient.left, pWnd->rcClient.bottom - pWnd->rcClient.top};
@@ -116,7 +108,7 @@ BOOL WINAPI GetClientRect(HWND hWnd, LPRECT lpRect)
 BOOL WINAPI ScreenToClient(HWND hWnd, LPPOINT lpPoint)
 {
     vorlan::GtkCriticalSection lock;
-    const WindowObject *pWnd = LookUp(hWnd);
+    const WindowObject *pWnd = vorlan::getWindowOrFail(hWnd);
     if (pWnd == nullptr || lpPoint == nullptr)
         return FALSE;
     lpPoint->x -= pWnd->rcClient.left;
@@ -127,7 +119,7 @@ BOOL WINAPI ScreenToClient(HWND hWnd, LPPOINT lpPoint)
 BOOL WINAPI ClientToScreen(HWND hWnd, LPPOINT lpPoint)
 {
     vorlan::GtkCriticalSection lock;
-    const WindowObject *pWnd = LookUp(hWnd);
+    const WindowObject *pWnd = vorlan::getWindowOrFail(hWnd);
     if (pWnd == nullptr || lpPoint == nullptr)
         return FALSE;
     lpPoint->x += pWnd->rcClient.left;
@@ -170,7 +162,7 @@ BOOL WINAPI IsZoomed(HWND hWnd)
 BOOL WINAPI GetWindowPlacement(HWND hWnd, WINDOWPLACEMENT *lpwndpl)
 {
     vorlan::GtkCriticalSection lock;
-    const WindowObject *pWnd = LookUp(hWnd);
+    const WindowObject *pWnd = vorlan::getWindowOrFail(hWnd);
     if (pWnd == nullptr)
         return FALSE;
     if (lpwndpl == nullptr) {

@@ -114,11 +114,9 @@ bool IsPointerIndex(int index)
 
 LONG_PTR GetWindowLongCore(HWND hWnd, int index, BOOL wide, LongWidth width)
 {
-    WindowObject *pWnd = getWindow(hWnd);
-    if (pWnd == nullptr) {
-        FailBadHandle();
+    WindowObject *pWnd = getWindowOrFail(hWnd);
+    if (pWnd == nullptr)
         return 0;
-    }
     if (RefusedForWidth(index, width)) {
         SetLastError(ERROR_INVALID_INDEX);
         return 0;

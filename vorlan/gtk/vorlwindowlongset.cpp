@@ -151,11 +151,9 @@ namespace vorlan {
 
 LONG_PTR SetWindowLongCore(HWND hWnd, int index, LONG_PTR value, BOOL wide, LongWidth width)
 {
-    WindowObject *pWnd = getWindow(hWnd);
-    if (pWnd == nullptr) {
-        FailBadHandle();
+    WindowObject *pWnd = getWindowOrFail(hWnd);
+    if (pWnd == nullptr)
         return 0;
-    }
     if (RefusedForWidth(index, width)) {
         SetLastError(ERROR_INVALID_INDEX);
         return 0;

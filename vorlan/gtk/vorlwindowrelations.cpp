@@ -10,14 +10,6 @@ using WindowObject = vorlan::Window;
 
 namespace {
 
-WindowObject *LookUp(HWND hWnd)
-{
-    WindowObject *pWnd = vorlan::getWindow(hWnd);
-    if (pWnd == nullptr)
-        vorlan::FailBadHandle();
-    return pWnd;
-}
-
 bool IsDesktop(const WindowObject *pWnd)
 {
     return pWnd->hWnd == g_hWndDesktop;
@@ -69,7 +61,7 @@ HWND WINAPI GetDesktopWindow(void)
 BOOL WINAPI IsWindowVisible(HWND hWnd)
 {
     vorlan::GtkCriticalSection lock;
-    const WindowObject *pWnd = LookUp(hWnd);
+    const WindowObject *pWnd = vorlan::getWindowOrFail(hWnd);
     if (pWnd == nullptr)
         return FALSE;
     for (; pWnd != nullptr; pWnd = pWnd->pWndParent) {
@@ -84,7 +76,7 @@ BOOL WINAPI IsWindowVisible(HWND hWnd)
 BOOL WINAPI IsWindowUnicode(HWND hWnd)
 {
     vorlan::GtkCriticalSection lock;
-    const WindowObject *pWnd = LookUp(hWnd);
+    const WindowObject *pWnd = vorlan::getWindowOrFail(hWnd);
     if (pWnd == nullptr)
         return FALSE;
     if (pWnd->dwFlags & WF_DIALOG)
@@ -97,7 +89,7 @@ BOOL WINAPI IsWindowUnicode(HWND hWnd)
 DWORD WINAPI GetWindowThreadProcessId(HWND hWnd, LPDWORD lpdwProcessId)
 {
     vorlan::GtkCriticalSection lock;
-    const WindowObject *pWnd = LookUp(hWnd);
+    const WindowObject *pWnd = vorlan::getWindowOrFail(hWnd);
     if (pWnd == nullptr)
         return 0xFFFFFFFF;
     if (lpdwProcessId != nullptr)
@@ -109,7 +101,7 @@ DWORD WINAPI GetWindowThreadProcessId(HWND hWnd, LPDWORD lpdwProcessId)
 HWND WINAPI GetParent(HWND hWnd)
 {
     vorlan::GtkCriticalSection lock;
-    const WindowObject *pWnd = LookUp(hWnd);
+    const WindowObject *pWnd = vorlan::getWindowOrFail(hWnd);
     if (pWnd == nullptr)
         return nullptr;
     if (pWnd->dwStyle & WS_POPUP)
@@ -122,7 +114,7 @@ HWND WINAPI GetParent(HWND hWnd)
 HWND WINAPI GetAncestor(HWND hwnd, UINT gaFlags)
 {
     vorlan::GtkCriticalSection lock;
-    const WindowObject *pWnd = LookUp(hwnd);
+    const WindowObject *pWnd = vorlan::getWindowOrFail(hwnd);
     if (pWnd == nullptr)
         return nullptr;
     if (gaFlags != GA_PARENT && gaFlags != GA_ROOT && gaFlags != GA_ROOTOWNER) {
@@ -145,7 +137,7 @@ HWND WINAPI GetAncestor(HWND hwnd, UINT gaFlags)
 HWND WINAPI GetWindow(HWND hWnd, UINT uCmd)
 {
     vorlan::GtkCriticalSection lock;
-    const WindowObject *pWnd = LookUp(hWnd);
+    const WindowObject *pWnd = vorlan::getWindowOrFail(hWnd);
     if (pWnd == nullptr)
         return nullptr;
     switch (uCmd) {
@@ -201,6 +193,6 @@ BOOL WINAPI AnimateWindow(HWND, DWORD, DWORD)
 BOOL WINAPI IsWindowEnabled(HWND hWnd)
 {
     vorlan::GtkCriticalSection lock;
-    const WindowObject *pWnd = LookUp(hWnd);
+    const WindowObject *pWnd = vorlan::getWindowOrFail(hWnd);
     return pWnd != nullptr && (pWnd->dwStyle & WS_DISABLED) == 0;
 }

@@ -125,11 +125,9 @@ int GetAnsiText(const WCHAR *text, LPSTR buffer, int size)
 
 int DefGetTextAW(HWND hWnd, void *buffer, int size, BOOL wide)
 {
-    const vorlan::Window *pWnd = vorlan::getWindow(hWnd);
-    if (pWnd == nullptr) {
-        vorlan::FailBadHandle();
+    const vorlan::Window *pWnd = vorlan::getWindowOrFail(hWnd);
+    if (pWnd == nullptr)
         return 0;
-    }
     if (pWnd->pszText[0] == 0 || size < 0 || (size > 0 && buffer == nullptr))
         return 0;
     if (wide)

@@ -124,6 +124,11 @@ private:
     POINT deviceOffset() const;
     GdkRegion *deviceClipArea();
     void fillChord(int cx, int cy, int rx, int ry, int a1, int a2, const POINT &p1, const POINT &p2);
+    struct Radial;
+    // The device geometry of an arc, chord or pie given in logical units.
+    Radial mapRadial(int left, int top, int right, int bottom, int x1, int y1, int x2, int y2);
+    // The arc of `shape` drawn, or its pie slice filled.
+    void drawRadialArc(const Radial &shape, gboolean filled);
 };
 
 // A window DC of `hwnd` on its GdkWindow; `rect` is the DC's place in the

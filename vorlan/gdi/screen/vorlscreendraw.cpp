@@ -148,15 +148,42 @@ BOOL ScreenContext::RoundRect(int left, int top, int right, int bottom, int w, i
     return TRUE;
 }
 
-BOOL ScreenContext::Arc(int left, int top, int right, int bottom, int x1, int y1, int x2, int y2)
+// An arc, chord or pie in device pixels: its box, centre, start and end
+// angles in degrees, and the points where the arc starts and ends.
+struct ScreenContext::Radial {
+    int left, top, width, height;
+    int cx, cy, a1, a2;
+    POINT start, end;
+};
+
+ScreenContext::Radial ScreenContext::mapRadial(int left, int top, int right, int bottom, int x1, int y1, int x2,
+                                               int y2)
 {
     POINT p[4] = {{left, top}, {right, bottom}, {x1, y1}, {x2, y2}};
     LogicalToRealDevice(p, 4);
-    int cx = 0, cy = 0, a1 = 0, a2 = 0;
-    vorlan::calcRadial(cx, cy, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y, p[3].x, p[3].y, a1, a2);
+    Radial shape = {};
+    vorlan::calcRadial(shape.cx, shape.cy, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y, p[3].x, p[3].y, shape.a1,
+                       shape.a2);
+    shape.left = p[0].x;
+    shape.top = p[0].y;
+    shape.width = p[1].x - p[0].x;
+    shape.height = p[1].y - p[0].y;
+    shape.start = PointOnEllipse(shape.cx, shape.cy, shape.width >> 1, shape.height >> 1, shape.a1);
+    shape.end = PointOnEllipse(shape.cx, shape.cy, shape.width >> 1, shape.height >> 1, shape.a2);
+    return shape;
+}
+
+void ScreenContext::drawRadialArc(const Radial &shape, gboolean filled)
+{
+    gdk_draw_arc(drawable, gc, filled, shape.left, shape.top, shape.width, shape.height, shape.a1 * kArcUnit,
+                 (shape.a2 - shape.a1) * kArcUnit);
+}
+
+BOOL ScreenContext::Arc(int left, int top, int right, int bottom, int x1, int y1, int x2, int y2)
+{
+    const Radial shape = mapRadial(left, top, right, bottom, x1, y1, x2, y2);
     if (ApplyObject(OBJ_PEN))
-        gdk_draw_arc(drawable, gc, FALSE, p[0].x, p[0].y, p[1].x - p[0].x, p[1].y - p[0].y, a1 * kArcUnit,
-                     (a2 - a1) * kArcUnit);
+        drawRadialArc(shape, FALSE);
     return TRUE;
 }
 
@@ -164,20 +191,13 @@ BOOL ScreenContext::Pie(int left, int top, int right, int bottom, int x1, int y1
 {
     if (x1 == x2 && y1 == y2)
         return Ellipse(left, top, right, bottom);
-    POINT p[4] = {{left, top}, {right, bottom}, {x1, y1}, {x2, y2}};
-    LogicalToRealDevice(p, 4);
-    int cx = 0, cy = 0, a1 = 0, a2 = 0;
-    vorlan::calcRadial(cx, cy, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y, p[3].x, p[3].y, a1, a2);
-    const int width = p[1].x - p[0].x;
-    const int height = p[1].y - p[0].y;
+    const Radial shape = mapRadial(left, top, right, bottom, x1, y1, x2, y2);
     if (ApplyObject(OBJ_BRUSH))
-        gdk_draw_arc(drawable, gc, TRUE, p[0].x, p[0].y, width, height, a1 * kArcUnit, (a2 - a1) * kArcUnit);
+        drawRadialArc(shape, TRUE);
     if (ApplyObject(OBJ_PEN)) {
-        gdk_draw_arc(drawable, gc, FALSE, p[0].x, p[0].y, width, height, a1 * kArcUnit, (a2 - a1) * kArcUnit);
-        const POINT start = PointOnEllipse(cx, cy, width >> 1, height >> 1, a1);
-        const POINT end = PointOnEllipse(cx, cy, width >> 1, height >> 1, a2);
-        gdk_draw_line(drawable, gc, cx, cy, start.x, start.y);
-        gdk_draw_line(drawable, gc, cx, cy, end.x, end.y);
+        drawRadialArc(shape, FALSE);
+        gdk_draw_line(drawable, gc, shape.cx, shape.cy, shape.start.x, shape.start.y);
+        gdk_draw_line(drawable, gc, shape.cx, shape.cy, shape.end.x, shape.end.y);
     }
     return TRUE;
 }
@@ -201,19 +221,12 @@ BOOL ScreenContext::Chord(int left, int top, int right, int bottom, int x1, int 
 {
     if (x1 == x2 && y1 == y2)
         return Ellipse(left, top, right, bottom);
-    POINT p[4] = {{left, top}, {right, bottom}, {x1, y1}, {x2, y2}};
-    LogicalToRealDevice(p, 4);
-    int cx = 0, cy = 0, a1 = 0, a2 = 0;
-    vorlan::calcRadial(cx, cy, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y, p[3].x, p[3].y, a1, a2);
-    const int width = p[1].x - p[0].x;
-    const int height = p[1].y - p[0].y;
-    const POINT start = PointOnEllipse(cx, cy, width >> 1, height >> 1, a1);
-    const POINT end = PointOnEllipse(cx, cy, width >> 1, height >> 1, a2);
+    const Radial shape = mapRadial(left, top, right, bottom, x1, y1, x2, y2);
     if (ApplyObject(OBJ_BRUSH))
-        fillChord(cx, cy, width >> 1, height >> 1, a1, a2, start, end);
+        fillChord(shape.cx, shape.cy, shape.width >> 1, shape.height >> 1, shape.a1, shape.a2, shape.start, shape.end);
     if (ApplyObject(OBJ_PEN)) {
-        gdk_draw_arc(drawable, gc, FALSE, p[0].x, p[0].y, width, height, a1 * kArcUnit, (a2 - a1) * kArcUnit);
-        gdk_draw_line(drawable, gc, start.x, start.y, end.x, end.y);
+        drawRadialArc(shape, FALSE);
+        gdk_draw_line(drawable, gc, shape.start.x, shape.start.y, shape.end.x, shape.end.y);
     }
     return TRUE;
 }
