@@ -106,106 +106,88 @@ RECT Box(int i)
     return RECT{x, y, x + 40, y + 30};
 }
 
-void Finish(benchmark::State &state)
+// Draws a batch of shapes per iteration through the library's calls and
+// waits for the server.
+template <typename Draw> void RunVorlanBatches(benchmark::State &state, HDC hdc, Draw draw)
 {
+    for (auto _ : state) {
+        for (int i = 0; i < kBatch; ++i)
+            draw(hdc, Box(i));
+        WaitForServer();
+    }
+    state.SetItemsProcessed(state.iterations() * kBatch);
+}
+
+// The same with GDK directly, under GDK's lock as the library draws.
+template <typename Draw> void RunGdkBatches(benchmark::State &state, const GdkCanvas &canvas, Draw draw)
+{
+    for (auto _ : state) {
+        gdk_threads_enter();
+        for (int i = 0; i < kBatch; ++i)
+            draw(canvas, Box(i));
+        gdk_threads_leave();
+        WaitForServer();
+    }
     state.SetItemsProcessed(state.iterations() * kBatch);
 }
 
 void BM_Lines_Vorlan(benchmark::State &state)
 {
     VorlanCanvas canvas;
-    for (auto _ : state) {
-        for (int i = 0; i < kBatch; ++i) {
-            const RECT r = Box(i);
-            MoveToEx(canvas.hdc(), r.left, r.top, nullptr);
-            LineTo(canvas.hdc(), r.right, r.bottom);
-        }
-        WaitForServer();
-    }
-    Finish(state);
+    RunVorlanBatches(state, canvas.hdc(), [](HDC hdc, const RECT &r) {
+        MoveToEx(hdc, r.left, r.top, nullptr);
+        LineTo(hdc, r.right, r.bottom);
+    });
 }
 BENCHMARK(BM_Lines_Vorlan)->Name("DrawLines/Vorlan")->UseRealTime();
 
 void BM_Lines_Baseline(benchmark::State &state)
 {
     GdkCanvas canvas;
-    for (auto _ : state) {
-        gdk_threads_enter();
-        for (int i = 0; i < kBatch; ++i) {
-            const RECT r = Box(i);
-            canvas.Pen();
-            gdk_draw_line(canvas.pixmap(), canvas.gc(), r.left, r.top, r.right - 1, r.bottom - 1);
-        }
-        gdk_threads_leave();
-        WaitForServer();
-    }
-    Finish(state);
+    RunGdkBatches(state, canvas, [](const GdkCanvas &c, const RECT &r) {
+        c.Pen();
+        gdk_draw_line(c.pixmap(), c.gc(), r.left, r.top, r.right - 1, r.bottom - 1);
+    });
 }
 BENCHMARK(BM_Lines_Baseline)->Name("DrawLines/Baseline")->UseRealTime();
 
 void BM_Rectangles_Vorlan(benchmark::State &state)
 {
     VorlanCanvas canvas;
-    for (auto _ : state) {
-        for (int i = 0; i < kBatch; ++i) {
-            const RECT r = Box(i);
-            Rectangle(canvas.hdc(), r.left, r.top, r.right, r.bottom);
-        }
-        WaitForServer();
-    }
-    Finish(state);
+    RunVorlanBatches(state, canvas.hdc(),
+                     [](HDC hdc, const RECT &r) { Rectangle(hdc, r.left, r.top, r.right, r.bottom); });
 }
 BENCHMARK(BM_Rectangles_Vorlan)->Name("DrawRectangles/Vorlan")->UseRealTime();
 
 void BM_Rectangles_Baseline(benchmark::State &state)
 {
     GdkCanvas canvas;
-    for (auto _ : state) {
-        gdk_threads_enter();
-        for (int i = 0; i < kBatch; ++i) {
-            const RECT r = Box(i);
-            canvas.Brush();
-            gdk_draw_rectangle(canvas.pixmap(), canvas.gc(), TRUE, r.left, r.top, 39, 29);
-            canvas.Pen();
-            gdk_draw_rectangle(canvas.pixmap(), canvas.gc(), FALSE, r.left, r.top, 39, 29);
-        }
-        gdk_threads_leave();
-        WaitForServer();
-    }
-    Finish(state);
+    RunGdkBatches(state, canvas, [](const GdkCanvas &c, const RECT &r) {
+        c.Brush();
+        gdk_draw_rectangle(c.pixmap(), c.gc(), TRUE, r.left, r.top, 39, 29);
+        c.Pen();
+        gdk_draw_rectangle(c.pixmap(), c.gc(), FALSE, r.left, r.top, 39, 29);
+    });
 }
 BENCHMARK(BM_Rectangles_Baseline)->Name("DrawRectangles/Baseline")->UseRealTime();
 
 void BM_Ellipses_Vorlan(benchmark::State &state)
 {
     VorlanCanvas canvas;
-    for (auto _ : state) {
-        for (int i = 0; i < kBatch; ++i) {
-            const RECT r = Box(i);
-            Ellipse(canvas.hdc(), r.left, r.top, r.right, r.bottom);
-        }
-        WaitForServer();
-    }
-    Finish(state);
+    RunVorlanBatches(state, canvas.hdc(),
+                     [](HDC hdc, const RECT &r) { Ellipse(hdc, r.left, r.top, r.right, r.bottom); });
 }
 BENCHMARK(BM_Ellipses_Vorlan)->Name("DrawEllipses/Vorlan")->UseRealTime();
 
 void BM_Ellipses_Baseline(benchmark::State &state)
 {
     GdkCanvas canvas;
-    for (auto _ : state) {
-        gdk_threads_enter();
-        for (int i = 0; i < kBatch; ++i) {
-            const RECT r = Box(i);
-            canvas.Brush();
-            gdk_draw_arc(canvas.pixmap(), canvas.gc(), TRUE, r.left, r.top, 40, 30, 0, 360 * 64);
-            canvas.Pen();
-            gdk_draw_arc(canvas.pixmap(), canvas.gc(), FALSE, r.left, r.top, 40, 30, 0, 360 * 64);
-        }
-        gdk_threads_leave();
-        WaitForServer();
-    }
-    Finish(state);
+    RunGdkBatches(state, canvas, [](const GdkCanvas &c, const RECT &r) {
+        c.Brush();
+        gdk_draw_arc(c.pixmap(), c.gc(), TRUE, r.left, r.top, 40, 30, 0, 360 * 64);
+        c.Pen();
+        gdk_draw_arc(c.pixmap(), c.gc(), FALSE, r.left, r.top, 40, 30, 0, 360 * 64);
+    });
 }
 BENCHMARK(BM_Ellipses_Baseline)->Name("DrawEllipses/Baseline")->UseRealTime();
 
@@ -226,16 +208,10 @@ void BM_PatternFills_Vorlan(benchmark::State &state)
     HBRUSH pattern = CreatePatternBrush(checker);
     DeleteObject(checker);
     HGDIOBJ old = SelectObject(canvas.hdc(), pattern);
-    for (auto _ : state) {
-        for (int i = 0; i < kBatch; ++i) {
-            const RECT r = Box(i);
-            PatBlt(canvas.hdc(), r.left, r.top, 40, 30, PATCOPY);
-        }
-        WaitForServer();
-    }
+    RunVorlanBatches(state, canvas.hdc(),
+                     [](HDC hdc, const RECT &r) { PatBlt(hdc, r.left, r.top, 40, 30, PATCOPY); });
     SelectObject(canvas.hdc(), old);
     DeleteObject(pattern);
-    Finish(state);
 }
 BENCHMARK(BM_PatternFills_Vorlan)->Name("PatternFills/Vorlan")->UseRealTime();
 
@@ -248,21 +224,14 @@ void BM_PatternFills_Baseline(benchmark::State &state)
     gdk_draw_rectangle(tile, canvas.gc(), TRUE, 0, 0, 8, 8);
     gdk_gc_set_tile(canvas.gc(), tile);
     gdk_threads_leave();
-    for (auto _ : state) {
-        gdk_threads_enter();
-        for (int i = 0; i < kBatch; ++i) {
-            const RECT r = Box(i);
-            gdk_gc_set_fill(canvas.gc(), GDK_TILED);
-            gdk_draw_rectangle(canvas.pixmap(), canvas.gc(), TRUE, r.left, r.top, 40, 30);
-            gdk_gc_set_fill(canvas.gc(), GDK_SOLID);
-        }
-        gdk_threads_leave();
-        WaitForServer();
-    }
+    RunGdkBatches(state, canvas, [](const GdkCanvas &c, const RECT &r) {
+        gdk_gc_set_fill(c.gc(), GDK_TILED);
+        gdk_draw_rectangle(c.pixmap(), c.gc(), TRUE, r.left, r.top, 40, 30);
+        gdk_gc_set_fill(c.gc(), GDK_SOLID);
+    });
     gdk_threads_enter();
     g_object_unref(tile);
     gdk_threads_leave();
-    Finish(state);
 }
 BENCHMARK(BM_PatternFills_Baseline)->Name("PatternFills/Baseline")->UseRealTime();
 

@@ -438,8 +438,6 @@ VORLAN_INTERNAL BOOL CopyRegionArea(HRGN dest, HRGN source);
 // Gives `dest` the area `area`, which it takes over; false (and `area`
 // destroyed) when `dest` is no live region.
 VORLAN_INTERNAL BOOL ReplaceRegionArea(HRGN dest, GdkRegion *area);
-// NULLREGION, SIMPLEREGION or COMPLEXREGION by the rectangles of an area.
-VORLAN_INTERNAL int RegionAreaType(GdkRegion *area);
 
 } // namespace vorlan
 

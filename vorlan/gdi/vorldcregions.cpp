@@ -18,17 +18,6 @@ BOOL CopyRegionArea(HRGN dest, HRGN source)
 
 BOOL ReplaceRegionArea(HRGN dest, GdkRegion *area) { return ReplaceGdkRegion(dest, area); }
 
-int RegionAreaType(GdkRegion *area)
-{
-    if (area == nullptr)
-        return ERROR;
-    GdkRectangle *rectangles = nullptr;
-    gint count = 0;
-    gdk_region_get_rectangles(area, &rectangles, &count);
-    g_free(rectangles);
-    return count == 0 ? NULLREGION : count == 1 ? SIMPLEREGION : COMPLEXREGION;
-}
-
 HRGN CopyRegionObject(HRGN region) { return createRgn(GetGdkRegion(region)); }
 
 } // namespace vorlan

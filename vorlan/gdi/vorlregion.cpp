@@ -53,18 +53,22 @@ BOOL vorlan::ReplaceGdkRegion(HRGN hrgn, GdkRegion *region)
     return SetPhysicalObject(hrgn, kScreenSlot, AsPhysical(region), DestroyGdkRegion, 0);
 }
 
-int checkRegionType(HRGN hrgn)
+int vorlan::RegionAreaType(GdkRegion *area)
 {
-    GdkRegion *region = GetGdkRegion(hrgn);
-    if (region == nullptr)
+    if (area == nullptr)
         return ERROR;
     GdkRectangle *rectangles = nullptr;
     gint count = 0;
-    gdk_region_get_rectangles(region, &rectangles, &count);
+    gdk_region_get_rectangles(area, &rectangles, &count);
     g_free(rectangles);
     if (count == 0)
         return NULLREGION;
     return count == 1 ? SIMPLEREGION : COMPLEXREGION;
+}
+
+int checkRegionType(HRGN hrgn)
+{
+    return vorlan::RegionAreaType(GetGdkRegion(hrgn));
 }
 
 HRGN WINAPI CreateRectRgn(int x1, int y1, int x2, int y2)

@@ -17,6 +17,10 @@ VORLAN_INTERNAL int checkRegionType(HRGN hrgn);
 
 namespace vorlan {
 
+// NULLREGION, SIMPLEREGION or COMPLEXREGION by the rectangles of an area;
+// ERROR for no area.
+VORLAN_INTERNAL int RegionAreaType(GdkRegion *area);
+
 // A new region object holding a copy of `region`; null for a null region or
 // when memory runs out.
 VORLAN_INTERNAL HRGN createRgn(const GdkRegion *region);

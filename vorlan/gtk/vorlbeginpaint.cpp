@@ -29,19 +29,25 @@ HDC TakePaintDC(vorlan::Window *pWnd)
     return pWnd->hDC;
 }
 
+// Both calls need a window and a PAINTSTRUCT; false with the error set.
+bool CheckPaintArguments(HWND hWnd, const PAINTSTRUCT *lpPaint)
+{
+    if (vorlan::getWindowOrFail(hWnd) == nullptr)
+        return false;
+    if (lpPaint == nullptr) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return false;
+    }
+    return true;
+}
+
 } // namespace
 
 HDC WINAPI BeginPaint(HWND hWnd, LPPAINTSTRUCT lpPaint)
 {
     vorlan::GtkCriticalSection lock;
-    if (vorlan::getWindow(hWnd) == nullptr) {
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    if (!CheckPaintArguments(hWnd, lpPaint))
         return nullptr;
-    }
-    if (lpPaint == nullptr) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
-    }
     if (!vorlan::SendOwedNcPaint(hWnd))
         return nullptr;
     vorlan::Window *pWnd = vorlan::getWindow(hWnd);
@@ -65,14 +71,8 @@ HDC WINAPI BeginPaint(HWND hWnd, LPPAINTSTRUCT lpPaint)
 BOOL WINAPI EndPaint(HWND hWnd, const PAINTSTRUCT *lpPaint)
 {
     vorlan::GtkCriticalSection lock;
-    if (vorlan::getWindow(hWnd) == nullptr) {
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    if (!CheckPaintArguments(hWnd, lpPaint))
         return FALSE;
-    }
-    if (lpPaint == nullptr) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return FALSE;
-    }
     ReleaseDC(hWnd, lpPaint->hdc);
     vorlan::Window *pWnd = vorlan::getWindow(hWnd);
     if (pWnd != nullptr && lpPaint->hdc == pWnd->hDC)

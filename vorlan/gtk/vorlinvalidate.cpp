@@ -57,25 +57,6 @@ static bool PassesToChildren(const Window *pWnd, UINT flags)
     return pWnd->pWndChild != nullptr;
 }
 
-// Each visible child gets the part of `screenArea` its window rectangle
-// covers, in its own client coordinates, and owes a frame paint.
-static void InvalidateChildren(Window *pWnd, HRGN screenArea, UINT flags)
-{
-    for (Window *child = pWnd->pWndChild; child != nullptr; child = child->pWndNext) {
-        if (!(child->dwStyle & WS_VISIBLE))
-            continue;
-        HRGN part = CreateRectRgnIndirect(&child->rcWindow);
-        if (part == nullptr)
-            continue;
-        const int type = CombineRgn(part, part, screenArea, RGN_AND);
-        if (type != ERROR && type != NULLREGION) {
-            OffsetRgn(part, -child->rcClient.left, -child->rcClient.top);
-            InvalidateWindowCore(child, part, flags | RDW_FRAME);
-        }
-        DeleteObject(part);
-    }
-}
-
 BOOL InvalidateWindowCore(Window *pWnd, HRGN hrgn, UINT flags)
 {
     if (hrgn != nullptr) {
@@ -103,7 +84,9 @@ BOOL InvalidateWindowCore(Window *pWnd, HRGN hrgn, UINT flags)
     RECT box;
     if (GetRgnBox(screenArea, &box) != NULLREGION && !IsRectEmpty(&box)) {
         OffsetRgn(screenArea, pWnd->rcClient.left, pWnd->rcClient.top);
-        InvalidateChildren(pWnd, screenArea, flags);
+        // Each child gets the part its window rectangle covers and owes a
+        // frame paint.
+        PassToVisibleChildren(pWnd, screenArea, &Window::rcWindow, InvalidateWindowCore, flags | RDW_FRAME);
     }
     DeleteObject(screenArea);
     return TRUE;

@@ -25,6 +25,12 @@ VORLAN_INTERNAL BOOL ValidateWindowCore(Window *pWnd, HRGN hrgn, UINT flags);
 // Sends the paint messages the window owes now, then does its children.
 VORLAN_INTERNAL BOOL UpdateWindowCore(HWND hWnd, UINT flags);
 
+// Hands each visible child the part of `screenArea` (screen coordinates)
+// that its rectangle `covered` (rcWindow or rcClient) lies over, in the
+// child's client coordinates, through `apply(child, part, flags)`.
+VORLAN_INTERNAL void PassToVisibleChildren(Window *pWnd, HRGN screenArea, RECT Window::*covered,
+                                           BOOL (*apply)(Window *, HRGN, UINT), UINT flags);
+
 // A new region of the window's client area in client coordinates, or 0.
 VORLAN_INTERNAL HRGN ClientAreaRegion(const Window *pWnd);
 // Sends the owed WM_NCPAINT, if any.  False when the window died of it.

@@ -30,24 +30,6 @@ BOOL ValidateOneWindow(Window *pWnd, HRGN hrgn, UINT flags)
     return TRUE;
 }
 
-// Each visible child loses the part of `screenArea` over its client area.
-static void ValidateChildren(Window *pWnd, HRGN screenArea, UINT flags)
-{
-    for (Window *child = pWnd->pWndChild; child != nullptr; child = child->pWndNext) {
-        if (!(child->dwStyle & WS_VISIBLE))
-            continue;
-        HRGN part = CreateRectRgnIndirect(&child->rcClient);
-        if (part == nullptr)
-            continue;
-        const int type = CombineRgn(part, part, screenArea, RGN_AND);
-        if (type != ERROR && type != NULLREGION) {
-            OffsetRgn(part, -child->rcClient.left, -child->rcClient.top);
-            ValidateWindowCore(child, part, flags | RDW_NOFRAME);
-        }
-        DeleteObject(part);
-    }
-}
-
 BOOL ValidateWindowCore(Window *pWnd, HRGN hrgn, UINT flags)
 {
     HRGN area = ClientAreaRegion(pWnd);
@@ -62,7 +44,8 @@ BOOL ValidateWindowCore(Window *pWnd, HRGN hrgn, UINT flags)
         !(flags & RDW_NOCHILDREN) && ((flags & RDW_ALLCHILDREN) || !(pWnd->dwStyle & WS_CLIPCHILDREN));
     if (done && toChildren) {
         OffsetRgn(area, pWnd->rcClient.left, pWnd->rcClient.top);
-        ValidateChildren(pWnd, area, flags);
+        // Each child loses the part over its client area.
+        PassToVisibleChildren(pWnd, area, &Window::rcClient, ValidateWindowCore, flags | RDW_NOFRAME);
     }
     DeleteObject(area);
     return done;

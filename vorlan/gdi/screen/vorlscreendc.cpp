@@ -2,6 +2,8 @@
 // the mapping and clipping peculiar to window DCs.
 #include "gdi/screen/vorlscreendc.h"
 
+#include "gdi/vorlregion.h"
+
 #include "gtk/vorlgtklock.h"
 #include "vorlassert.h"
 

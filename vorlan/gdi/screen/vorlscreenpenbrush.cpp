@@ -14,6 +14,8 @@ namespace {
 
 constexpr COLORREF kNoColor = CLR_INVALID;
 
+// The dash pattern of each styled pen; other styles keep the dashes the GC
+// had.
 void SetDashesFor(GdkGC *gc, UINT style)
 {
     static const gint8 kDash[] = {17, 6};
@@ -21,24 +23,21 @@ void SetDashesFor(GdkGC *gc, UINT style)
     static const gint8 kDashDot[] = {10, 5, 3, 5};
     static const gint8 kDashDotDot[] = {9, 3, 3, 3, 3, 3};
     static const gint8 kAlternate[] = {1, 1};
-    switch (style) {
-    case PS_DASH:
-        gdk_gc_set_dashes(gc, 0, const_cast<gint8 *>(kDash), G_N_ELEMENTS(kDash));
-        break;
-    case PS_DOT:
-        gdk_gc_set_dashes(gc, 0, const_cast<gint8 *>(kDot), G_N_ELEMENTS(kDot));
-        break;
-    case PS_DASHDOT:
-        gdk_gc_set_dashes(gc, 0, const_cast<gint8 *>(kDashDot), G_N_ELEMENTS(kDashDot));
-        break;
-    case PS_DASHDOTDOT:
-        gdk_gc_set_dashes(gc, 0, const_cast<gint8 *>(kDashDotDot), G_N_ELEMENTS(kDashDotDot));
-        break;
-    case PS_ALTERNATE:
-        gdk_gc_set_dashes(gc, 0, const_cast<gint8 *>(kAlternate), G_N_ELEMENTS(kAlternate));
-        break;
-    default: // keeps the dashes it had
-        break;
+    struct Pattern {
+        UINT style;
+        const gint8 *dashes;
+        gint count;
+    };
+    static const Pattern kPatterns[] = {{PS_DASH, kDash, G_N_ELEMENTS(kDash)},
+                                        {PS_DOT, kDot, G_N_ELEMENTS(kDot)},
+                                        {PS_DASHDOT, kDashDot, G_N_ELEMENTS(kDashDot)},
+                                        {PS_DASHDOTDOT, kDashDotDot, G_N_ELEMENTS(kDashDotDot)},
+                                        {PS_ALTERNATE, kAlternate, G_N_ELEMENTS(kAlternate)}};
+    for (const Pattern &pattern : kPatterns) {
+        if (pattern.style == style) {
+            gdk_gc_set_dashes(gc, 0, const_cast<gint8 *>(pattern.dashes), pattern.count);
+            return;
+        }
     }
 }
 
