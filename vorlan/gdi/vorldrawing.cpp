@@ -47,6 +47,19 @@ HRGN PolyPolygonArea(DeviceContext *dc, const POINT *points, const INT *counts, 
     return area;
 }
 
+// The pixel calls under the toolkit lock: a handle that is no context gives
+// CLR_INVALID and clears the last error.
+template <typename Call> COLORREF CallOnPixel(HDC hdc, Call call)
+{
+    vorlan::GtkCriticalSection lock;
+    DeviceContext *dc = vorlan::GetDeviceContext(hdc);
+    if (dc == nullptr) {
+        SetLastError(0);
+        return CLR_INVALID;
+    }
+    return call(dc);
+}
+
 } // namespace
 
 BOOL WINAPI LineTo(HDC hdc, int x, int y)
@@ -134,27 +147,14 @@ BOOL WINAPI PatBlt(HDC hdc, int x, int y, int w, int h, DWORD rop)
     return CallOnDC(hdc, FALSE, [&](DeviceContext *dc) { return dc->PatBlt(x, y, w, h, rop); });
 }
 
-// A handle that is no context clears the last error.
 COLORREF WINAPI SetPixel(HDC hdc, int x, int y, COLORREF color)
 {
-    vorlan::GtkCriticalSection lock;
-    DeviceContext *dc = vorlan::GetDeviceContext(hdc);
-    if (dc == nullptr) {
-        SetLastError(0);
-        return CLR_INVALID;
-    }
-    return dc->SetPixel(x, y, color);
+    return CallOnPixel(hdc, [&](DeviceContext *dc) { return dc->SetPixel(x, y, color); });
 }
 
 COLORREF WINAPI GetPixel(HDC hdc, int x, int y)
 {
-    vorlan::GtkCriticalSection lock;
-    DeviceContext *dc = vorlan::GetDeviceContext(hdc);
-    if (dc == nullptr) {
-        SetLastError(0);
-        return CLR_INVALID;
-    }
-    return dc->GetPixel(x, y);
+    return CallOnPixel(hdc, [&](DeviceContext *dc) { return dc->GetPixel(x, y); });
 }
 
 BOOL WINAPI SetPixelV(HDC hdc, int x, int y, COLORREF color)

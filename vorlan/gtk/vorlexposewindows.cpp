@@ -7,11 +7,9 @@
 
 void ExposeWindows(HWND hWnd, const RECT *rect)
 {
-    vorlan::Window *pWnd = vorlan::getWindow(hWnd);
-    if (pWnd == nullptr) {
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    vorlan::Window *pWnd = vorlan::getWindowOrFail(hWnd);
+    if (pWnd == nullptr)
         return;
-    }
     RECT area = *rect;
     // A child's X window is cut to its parent's client area, so its X
     // origin lies right of or below the window's own.

@@ -57,11 +57,9 @@ HDC WINAPI GetDCEx(HWND hWnd, HRGN hrgnClip, DWORD flags)
     vorlan::GtkCriticalSection lock;
     if (hWnd == nullptr)
         hWnd = GetDesktopWindow();
-    vorlan::Window *pWnd = vorlan::getWindow(hWnd);
-    if (pWnd == nullptr) {
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    vorlan::Window *pWnd = vorlan::getWindowOrFail(hWnd);
+    if (pWnd == nullptr)
         return nullptr;
-    }
     if (!(flags & (DCX_WINDOW | DCX_CACHE)) && pWnd->hDC != nullptr)
         return pWnd->hDC;
     const RECT rect = OutputRect(pWnd, flags);

@@ -32,11 +32,9 @@ bool ChangeUpdateRegion(vorlan::Window *pWnd, const RECT *rect, HRGN hrgn, UINT 
 BOOL WINAPI RedrawWindow(HWND hWnd, const RECT *lprcUpdate, HRGN hrgnUpdate, UINT flags)
 {
     vorlan::GtkCriticalSection lock;
-    vorlan::Window *pWnd = vorlan::getWindow(hWnd);
-    if (pWnd == nullptr) {
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    vorlan::Window *pWnd = vorlan::getWindowOrFail(hWnd);
+    if (pWnd == nullptr)
         return FALSE;
-    }
     if (!ChangeUpdateRegion(pWnd, lprcUpdate, hrgnUpdate, flags))
         return FALSE;
     if (flags & (RDW_UPDATENOW | RDW_ERASENOW))

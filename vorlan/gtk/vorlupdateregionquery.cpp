@@ -11,10 +11,8 @@ HWND g_hWndLocked;
 // the window is bad or died.
 vorlan::Window *WindowWithPaintOwedDone(HWND hWnd)
 {
-    if (vorlan::getWindow(hWnd) == nullptr) {
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    if (vorlan::getWindowOrFail(hWnd) == nullptr)
         return nullptr;
-    }
     if (!vorlan::SendOwedNcPaint(hWnd))
         return nullptr;
     return vorlan::getWindow(hWnd);

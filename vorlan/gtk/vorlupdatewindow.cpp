@@ -62,11 +62,9 @@ static void PaintClientArea(HWND hWnd, UINT flags)
 
 BOOL UpdateWindowCore(HWND hWnd, UINT flags)
 {
-    Window *pWnd = getWindow(hWnd);
-    if (pWnd == nullptr) {
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+    Window *pWnd = getWindowOrFail(hWnd);
+    if (pWnd == nullptr)
         return FALSE;
-    }
     if (!(flags & RDW_PRIVATE_CHILD))
         ValidateUnderWindow(pWnd);
     if (!SendOwedNcPaint(hWnd))
