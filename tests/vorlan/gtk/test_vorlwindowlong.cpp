@@ -45,7 +45,7 @@ TEST(WindowLong, BadHandleGives1400AndZeroInEveryForm)
         EXPECT_TRUE(FailsWith(1400, 0, [&] { return GetWindowLongW(handle, GWL_STYLE); }));
 }
 
-TEST(WindowLong, PlainFieldsFlagWordAndInstanceRoundTrip)
+TEST(WindowLong, PlainFieldsAndFlagWordRoundTrip)
 {
     TestWindow window(Options(WS_POPUP));
     const HWND hwnd = window.hwnd();
@@ -57,11 +57,6 @@ TEST(WindowLong, PlainFieldsFlagWordAndInstanceRoundTrip)
 
     EXPECT_EQ(SetWindowLongW(hwnd, GWL_VORLFLAGS, WF_OBSCURED | WF_DRAGDEST), 0);
     EXPECT_EQ(GetWindowLongW(hwnd, GWL_VORLFLAGS), WF_OBSCURED | WF_DRAGDEST);
-    {
-        vorlan::GtkCriticalSection lock;
-        window.object()->pClass->hInstance = reinterpret_cast<HINSTANCE>(0x7000);
-    }
-    EXPECT_EQ(GetWindowLongPtrW(hwnd, GWLP_HINSTANCE), 0x7000);
 }
 
 TEST(WindowLong, UnknownIndexesExtraBytesBoundsAndProcedureRefusals)
