@@ -171,7 +171,6 @@ TEST(WindowText, WideAndAnsiTextRoundTripWithTruncationAndLengths)
     EXPECT_EQ(ansiLength, int(std::strlen(narrow)));
     EXPECT_EQ(narrow[0], 'G');
     // Asked of a wide window, the ANSI length is an upper bound in bytes.
-    EXPECT_EQ(GetWindowTextLengthA(hwnd), 2 * 5);
     EXPECT_GE(GetWindowTextLengthA(hwnd), ansiLength);
     EXPECT_EQ(GetWindowTextA(hwnd, narrow, 2), 1);
     EXPECT_STREQ(narrow, "G");
