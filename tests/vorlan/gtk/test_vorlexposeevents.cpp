@@ -1,6 +1,4 @@
 // Expose events taken from the display ahead of the main loop.
-
-// GoogleTest comes before the X headers, whose macros (None, Bool) clash with it.
 #include <gtest/gtest.h>
 
 #include "gtk/vorlglobals.h"
@@ -13,8 +11,7 @@ using namespace vorlan_test;
 
 namespace {
 
-// Freezes the window's updates and clears what the mapping exposed, taking
-// any Expose still queued on the display with it.
+// Freezes updates and clears whatever the mapping exposed.
 void StartClean(GdkWindow *window)
 {
     PumpPending();

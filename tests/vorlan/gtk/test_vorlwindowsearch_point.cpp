@@ -1,6 +1,5 @@
-// Search by point: the filters, DirectChildFromPoint, ChildWindowFromPoint,
-// FindWindowFromPointEx below a window, and WindowFromPoint, which asks the
-// X server at the desktop and so sees the windows of other X clients.
+// Search by point below a window, and WindowFromPoint, which asks the X
+// server at the desktop and so sees the windows of other X clients.
 #include <gtest/gtest.h>
 
 #include <vorlan.h>
@@ -35,9 +34,8 @@ void SetStyle(const TestWindow &window, DWORD style)
     window.object()->dwStyle = style;
 }
 
-// A visible top-level window whose X window is mapped where its rectangle
-// says.  It is override-redirect before its geometry goes to X, so that the
-// window manager neither intercepts the move nor frames the window.
+// A visible top-level window mapped where its rectangle says: override-
+// redirect, so the window manager neither moves nor frames it.
 std::unique_ptr<TestWindow> MappedTopLevel(RECT rect)
 {
     auto window = std::make_unique<TestWindow>(ObjectSpec(nullptr, WS_POPUP | WS_VISIBLE, rect));
@@ -78,7 +76,6 @@ public:
         close(in[0]);
         close(out[1]);
         m_stdin = in[1];
-        // It prints "mapped" once the server has mapped its window.
         std::string line;
         char c = 0;
         pollfd wait = {out[0], POLLIN, 0};
@@ -112,39 +109,6 @@ FILTER_CODE DescendOnlyFor(HWND hWnd, HWND, POINT, LPARAM)
 }
 
 } // namespace
-
-TEST(PointFilters, HiddenAndDisabledRules)
-{
-    TestWindow top(ObjectSpec(nullptr, WS_POPUP | WS_VISIBLE, {0, 0, 100, 100}));
-    TestWindow child(ObjectSpec(top.hwnd(), kChild, {10, 10, 50, 50}));
-    struct Case {
-        const TestWindow *window;
-        DWORD style, parentStyle;
-        FILTER_CODE direct, visible, enabled, visibleEnabled, fromPoint;
-    };
-    const DWORD top_ = WS_POPUP | WS_VISIBLE;
-    const Case cases[] = {
-        {&child, kChild, top_, 1, 1, 1, 1, 0},
-        {&child, WS_CHILD, top_, 1, 3, 1, 3, 3},
-        {&child, kChild | WS_DISABLED, top_, 1, 1, 3, 3, 3},
-        {&child, kChild, WS_POPUP, 1, 3, 1, 3, 3},  // visible, but the parent is hidden
-        {&top, top_ | WS_DISABLED, top_, 1, 1, 1, 1, 1},  // disabled right below the desktop
-        {&top, WS_POPUP | WS_DISABLED, top_, 1, 3, 1, 3, 3},
-    };
-    for (const Case &c : cases) {
-        SetStyle(top, c.window == &top ? c.style : c.parentStyle);
-        SetStyle(child, c.window == &child ? c.style : kChild);
-        const HWND hWnd = c.window->hwnd();
-        const HWND parent = c.window == &top ? g_hWndDesktop : top.hwnd();
-        SCOPED_TRACE(::testing::Message() << "style " << std::hex << c.style << " parent " << c.parentStyle);
-        EXPECT_EQ(DirectChildFilter(hWnd, parent, {}, 0), c.direct);
-        EXPECT_EQ(DirectVisibleChildFilter(hWnd, parent, {}, 0), c.visible);
-        EXPECT_EQ(DirectEnabledChildFilter(hWnd, parent, {}, 0), c.enabled);
-        EXPECT_EQ(DirectVisibleAndEnabledChildFilter(hWnd, parent, {}, 0), c.visibleEnabled);
-        EXPECT_EQ(WindowFromPointFilter(hWnd, parent, {}, 0), c.fromPoint);
-    }
-    EXPECT_EQ(DirectChildFilter(nullptr, top.hwnd(), {}, 0), FILTER_SKIP);
-}
 
 TEST(PointSearch, DirectChildFromPointFlagsPickTheFilter)
 {
