@@ -481,12 +481,6 @@ void SetUpdateRegion(HWND hWnd, HRGN region)
     vorlan::getWindow(hWnd)->hUpdateRegion = region;
 }
 
-DWORD WindowFlags(HWND hWnd)
-{
-    vorlan::GtkCriticalSection lock;
-    return vorlan::getWindow(hWnd)->dwFlags;
-}
-
 using RealWindowQueue = MessageQueue;
 
 TEST_F(RealWindowQueue, PostToAWindowWhoseThreadHasNoQueueFails)
@@ -532,25 +526,6 @@ TEST_F(RealWindowQueue, PaintQueuePutsAParentBeforeItsChild)
     }
     EXPECT_FALSE(LockedPeek(&msg));
     EXPECT_TRUE(PaintQueue().empty());
-}
-
-TEST_F(RealWindowQueue, PaintTakesThePendingNonClientPaint)
-{
-    TestWindow window(TopLevel());
-    {
-        vorlan::GtkCriticalSection lock;
-        window.object()->dwFlags |= WF_NCPAINTPENDING | WF_ERASEPENDING;
-    }
-    QueuePaint(window.hwnd());
-    SetUpdateRegion(window.hwnd(), kSomeRegion);
-    MSG msg;
-    ASSERT_TRUE(LockedPeek(&msg));
-    EXPECT_EQ(msg.hwnd, window.hwnd());
-    EXPECT_EQ(WindowFlags(window.hwnd()) & WF_NCPAINTPENDING, 0u);
-    EXPECT_NE(WindowFlags(window.hwnd()) & WF_ERASEPENDING, 0u) << "only the non-client flag is taken";
-    SetUpdateRegion(window.hwnd(), nullptr);
-    EXPECT_FALSE(LockedPeek(&msg));
-    EXPECT_TRUE(PaintQueue().empty()) << "no update region: the entry ends";
 }
 
 TEST_F(RealWindowQueue, WindowFilterTakesDescendantsAndNotSiblings)
