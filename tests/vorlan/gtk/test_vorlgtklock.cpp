@@ -1,5 +1,4 @@
-// The toolkit lock: counting, full release and restore, marking by code that
-// GDK calls with the lock held, and the fatal balance checks.
+// The toolkit lock: counting, release and restore, marking, fatal checks.
 
 #include <gtest/gtest.h>
 
@@ -30,8 +29,7 @@ bool NoOwner()
     return GtkCriticalSection::owner_thread() == GtkCriticalSection::kNoOwner;
 }
 
-// Starts a thread that opens a GtkCriticalSection; the future is ready once
-// it got the lock (and has released it again).
+// Ready once another thread got (and released) the lock.
 std::future<void> EnterFromOtherThread()
 {
     return std::async(std::launch::async, [] { GtkCriticalSection lock; });
@@ -44,8 +42,6 @@ bool ReadyWithin(std::future<void> &future, int milliseconds)
 
 } // namespace
 
-// Nested scopes take GDK's lock once; another thread waits until the
-// outermost scope ends.
 TEST(GtkCriticalSection, NestedScopesTakeGdkLockOnceAndOtherThreadsWait)
 {
     GdkLockCounter counting;
@@ -87,8 +83,6 @@ TEST(GtkCriticalSection, LeaveAllAtDepthThreeThenEnterAllRestores)
     EXPECT_EQ(counting.enters(), 2);
 }
 
-// leave_all, enter_all(-1 or 0) and a releaser on a thread without the lock
-// must neither take nor free GDK's lock, nor take it from its owner.
 TEST(GtkCriticalSection, WithoutTheLockLeaveAllEnterAllAndReleaserDoNothing)
 {
     {
@@ -115,8 +109,6 @@ TEST(GtkCriticalSection, WithoutTheLockLeaveAllEnterAllAndReleaserDoNothing)
     EXPECT_EQ(counting.leaves(), 0);
 }
 
-// Code that GDK calls with its lock held marks the lock instead of taking
-// it; a mark inside a scope of the thread's own only counts.
 TEST(GtkCriticalSection, MarkedLockIsNotTakenAgainAndKeepsTheOwner)
 {
     GdkLockCounter counting;
@@ -141,8 +133,6 @@ TEST(GtkCriticalSection, MarkedLockIsNotTakenAgainAndKeepsTheOwner)
     EXPECT_EQ(counting.leaves(), 1);
 }
 
-// An exception from application code passing a released region restores
-// the depth; one from a callback passing a mark unmarks.
 TEST(GtkLockReleaser, ExceptionsPassingAReleaseOrAMarkRestoreTheLock)
 {
     {
@@ -169,9 +159,7 @@ TEST(GtkLockReleaser, ExceptionsPassingAReleaseOrAMarkRestoreTheLock)
     gdk_threads_leave();
 }
 
-// A window procedure called from inside a GDK callback: the releaser frees
-// GDK's own hold as well, so another thread gets through, and the hold and
-// the depth are back before GDK continues.
+// Inside a GDK callback the releaser frees GDK's own hold as well.
 TEST(GtkLockReleaser, FreesTheLockForOthersAlsoInsideAGdkCallback)
 {
     gdk_threads_enter();

@@ -1,9 +1,5 @@
-// The exported message calls over the calling thread's queues: posting,
-// getting and peeking, quit codes, sending on one thread and across
-// threads, dispatching (timer procedures included), the hooks that
-// retrieval runs, bad handles and refused arguments; TranslateMessage (which
-// key messages post which character for the modifier state of the calling
-// thread, and where) and RegisterWindowMessageA.
+// The exported message calls over the calling thread's queues, their error
+// paths, TranslateMessage and RegisterWindowMessageA.
 
 #include <gtest/gtest.h>
 
@@ -399,27 +395,20 @@ TEST_F(TranslateKeys, CharacterFollowsTheKeyAndTheModifiers)
     const Modifiers capsShift = {true, false, true};
     const Case cases[] = {
         // Letters with Shift and Caps Lock.
-        {'A', kNone, 'a'}, {'Z', kNone, 'z'}, {'A', kShift, 'A'}, {'M', kCapsLock, 'M'}, {'M', capsShift, 'm'},
+        {'A', kNone, 'a'}, {'A', kShift, 'A'}, {'M', kCapsLock, 'M'}, {'M', capsShift, 'm'},
         // Shifted digits are the US symbols; Caps Lock does not shift digits.
-        {'0', kShift, ')'}, {'1', kShift, '!'}, {'2', kShift, '@'}, {'3', kShift, '#'}, {'4', kShift, '$'},
-        {'5', kShift, '%'}, {'6', kShift, '^'}, {'7', kShift, '&'}, {'8', kShift, '*'}, {'9', kShift, '('},
-        {'0', kNone, '0'}, {'9', kNone, '9'}, {'1', kCapsLock, '1'},
+        {'0', kShift, ')'}, {'2', kShift, '@'}, {'6', kShift, '^'}, {'9', kNone, '9'}, {'1', kCapsLock, '1'},
         // Control codes, also with Shift; digits, space and keypad give none.
-        {'A', kControl, 1}, {'C', kControl, 3}, {'Z', kControl, 26}, {'C', controlShift, 3},
-        {VK_RETURN, kControl, 0x0A}, {VK_BACK, kControl, 0x7F}, {'1', kControl, -1}, {VK_SPACE, kControl, -1},
-        {VK_NUMPAD1, kControl, -1},
+        {'Z', kControl, 26}, {'C', controlShift, 3}, {VK_RETURN, kControl, 0x0A}, {VK_BACK, kControl, 0x7F},
+        {'1', kControl, -1}, {VK_SPACE, kControl, -1}, {VK_NUMPAD1, kControl, -1},
         // Editing keys, Cancel and the keypad.
-        {VK_BACK, kNone, 0x08}, {VK_TAB, kNone, 0x09}, {VK_RETURN, kNone, 0x0D}, {VK_ESCAPE, kNone, 0x1B},
-        {VK_SPACE, kNone, ' '}, {VK_CANCEL, kNone, 0x1B}, {VK_NUMPAD0, kNone, '0'}, {VK_NUMPAD9, kNone, '9'},
-        {VK_MULTIPLY, kNone, '*'}, {VK_ADD, kNone, '+'}, {VK_SUBTRACT, kNone, '-'}, {VK_DECIMAL, kNone, '.'},
-        {VK_DIVIDE, kNone, '/'},
+        {VK_BACK, kNone, 0x08}, {VK_RETURN, kNone, 0x0D}, {VK_CANCEL, kNone, 0x1B}, {VK_NUMPAD9, kNone, '9'},
+        {VK_DECIMAL, kNone, '.'}, {VK_DIVIDE, kNone, '/'},
         // Keys without a character.
-        {VK_F1, kNone, -1}, {VK_LEFT, kNone, -1}, {VK_SHIFT, kNone, -1}, {VK_DELETE, kNone, -1},
-        {VK_F10, kNone, -1},
+        {VK_F1, kNone, -1}, {VK_SHIFT, kNone, -1}, {VK_DELETE, kNone, -1},
         // Keyvals in the library's 0xFF form give their Unicode character
         // whatever the modifiers; one without a character gives none.
-        {(0xE9 << 8) | 0xFF, kNone, 0xE9}, {(0x20AC << 8) | 0xFF, kNone, 0x20AC},
-        {(0xE9 << 8) | 0xFF, kControl, 0xE9}, {(0xFFE1 << 8) | 0xFF, kNone, -1},
+        {(0x20AC << 8) | 0xFF, kNone, 0x20AC}, {(0xE9 << 8) | 0xFF, kControl, 0xE9}, {(0xFFE1 << 8) | 0xFF, kNone, -1},
     };
     for (const Case &c : cases) {
         SCOPED_TRACE(::testing::Message() << "vk 0x" << std::hex << c.vk << " shift " << c.modifiers.shift
@@ -459,7 +448,6 @@ TEST(RegisteredMessages, SameNameInAnyCaseGivesTheSameNumberInTheStringAtomRange
         EXPECT_LE(message, 0xFFFFu);
     }
     EXPECT_NE(first, other);
-    EXPECT_EQ(RegisterWindowMessageA("VorlanRegisteredPing"), first);
     EXPECT_EQ(RegisterWindowMessageA("VORLANREGISTEREDPING"), first);
     EXPECT_EQ(RegisterWindowMessageA("vorlanregisteredping"), first);
     char name[64] = {};

@@ -1,7 +1,4 @@
-// Posting and sending across threads: refused messages, targets without a
-// queue, results of cross-thread sends, two threads sending to each other at
-// the same moment, nested sends during a reply wait, and senders whose
-// target ends.
+// Posting and sending across threads.
 
 #include <gtest/gtest.h>
 
@@ -34,8 +31,7 @@ LRESULT CALLBACK ComputeProc(HWND, UINT message, WPARAM wParam, LPARAM lParam)
     return 0;
 }
 
-// A worker thread with a window of its own that serves messages until told
-// to stop.
+// A worker with a window of its own, serving messages until destroyed.
 class ServingWorker {
 public:
     ServingWorker()
@@ -73,8 +69,6 @@ protected:
     void TearDown() override { ResetCurrentThreadQueues(); }
 };
 
-// A thread that never made a queue, an unknown thread id and a window whose
-// owner is gone all refuse the post.
 TEST_F(CrossThreadMessages, PostToAThreadOrWindowWithoutQueueGives1444)
 {
     ThreadWithoutQueue worker;
@@ -89,8 +83,6 @@ TEST_F(CrossThreadMessages, PostToAThreadOrWindowWithoutQueueGives1444)
     }
 }
 
-// Posts and sends reach the window's thread; messages that carry pointers
-// cannot be posted nor sent across threads.
 TEST_F(CrossThreadMessages, PostsAndSendsReachTheWindowsThreadUnlessTheyCarryPointers)
 {
     ServingWorker worker;
@@ -123,17 +115,14 @@ TEST_F(CrossThreadMessages, TwoThreadsSendingToEachOtherAtOnceBothComplete)
         windows[self] = CreateTestWindow(ComputeProc);
         SpinUntil([&] { return windows[1 - self].load() != nullptr; });
         for (int round = 0; round < kRounds; ++round) {
-            // Both sides start each round together.
             const int goal = 2 * (round + 1);
             ++arrived;
-            // A thread that waits must serve, or the other side's send of
-            // the previous round could not end.
+            // Waiting without serving would block the other side's send.
             ServeMessagesUntil([&] { return arrived.load() >= goal; });
             correct += LockedSend(windows[1 - self], WM_COMPUTE, round, self) ==
                        static_cast<LRESULT>(round * 3 + self);
         }
         ++finished;
-        // Serve the other side until it is done as well.
         ServeMessagesUntil([&] { return finished.load() == 2; });
     };
     std::thread first(run, 0);
@@ -233,8 +222,7 @@ TEST_F(CrossThreadMessages, NestedSendDuringAReplyWaitLosesNoReply)
     SpinUntil([&] { return xWindow.load() != nullptr && scenario.zWindow.load() != nullptr; });
 
     const LRESULT outer = LockedSend(xWindow, WM_COMPUTE);
-    // Should Y's send still be waiting, serving it lets the test fail
-    // instead of hanging in the join.
+    // Serving lets a stuck send fail the test instead of hanging the join.
     EXPECT_TRUE(ServeMessagesUntil([&] { return yResult.load() != -1; }));
     y.join();
     xWatcher.join();
@@ -255,8 +243,7 @@ TEST_F(CrossThreadMessages, SenderToAThreadThatEndsGetsZero)
     std::thread worker([&] {
         window = CreateTestWindow(ComputeProc);
         SpinUntil([&] { return sending.load(); });
-        // Once the toolkit lock is free the record is queued; then the
-        // thread ends without serving it.
+        // Ends without serving the send queued while the lock was held.
         vorlan::GtkCriticalSection lock;
     });
     SpinUntil([&] { return window.load() != nullptr; });

@@ -1,8 +1,6 @@
-// Many threads posting and sending to each other and to the main thread at
-// once: every reply right, every post delivered in order, no deadlock, and a
-// bounded run time.  A watchdog ends the process with a report instead of
-// letting a deadlock hang the suite.  Everything goes through the exported
-// calls, SendMessageW and PostMessageW, to real window objects.
+// Many threads posting and sending to each other and to the main thread:
+// every reply right, posts in order, no deadlock (a watchdog aborts), and a
+// bounded run time.
 
 #include <gtest/gtest.h>
 
@@ -31,8 +29,7 @@ constexpr UINT WM_STRESS_SEND = WM_USER + 100;
 constexpr UINT WM_STRESS_POST = WM_USER + 101;
 constexpr auto kTimeLimit = std::chrono::seconds(90);
 
-// The reply depends on both parameters, so that a reply given to the wrong
-// sender shows.
+// Depends on both parameters, so that a reply to the wrong sender shows.
 LRESULT Expected(WPARAM wParam, LPARAM lParam)
 {
     return static_cast<LRESULT>(wParam * 7 + static_cast<WPARAM>(lParam) * 13 + 1);
@@ -65,7 +62,6 @@ struct Stress {
     }
 };
 
-// A window object of the calling thread whose procedure is StressProc.
 std::unique_ptr<TestWindow> MakeStressWindow()
 {
     WindowOptions options;
@@ -90,8 +86,6 @@ void NotePost(Stress &stress, int self, const MSG &msg)
     ++me.postsReceived;
 }
 
-// Worker `self` alternates sends and posts over every other participant,
-// then serves until everyone is done.
 void RunWorker(Stress &stress, int self)
 {
     ThreadData::GetCurrentThreadData();
@@ -113,7 +107,6 @@ void RunWorker(Stress &stress, int self)
                 ++stress.failedCalls;
         }
         ++stress.progress;
-        // Serve what arrived meanwhile now and then, as a real loop would.
         if (i % 64 == 0) {
             MSG msg;
             while (LockedPeek(&msg))
@@ -125,8 +118,7 @@ void RunWorker(Stress &stress, int self)
                        [&](const MSG &msg) { NotePost(stress, self, msg); }, 120000);
 }
 
-// Ends the process with a report unless `finished` is set within the time
-// limit: a deadlocked worker could not be joined.
+// A deadlocked worker could not be joined: abort with a report instead.
 std::thread Watchdog(const Stress &stress, std::future<void> finished)
 {
     return std::thread([&stress, finished = std::move(finished)] {
@@ -168,7 +160,6 @@ TEST(MessageStress, ThreadsSendAndPostToEachOtherAndToTheMainThread)
     watchdog.join();
     const auto elapsed = std::chrono::steady_clock::now() - start;
 
-    // Every send is counted once, so a wrong reply shows here.
     EXPECT_EQ(stress.rightReplies.load(), static_cast<long>(kWorkers) * kMessagesPerWorker / 2);
     EXPECT_EQ(stress.failedCalls.load(), 0);
     for (int p = 0; p < kParticipants; ++p) {

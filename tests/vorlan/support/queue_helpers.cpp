@@ -30,33 +30,29 @@ LRESULT LockedSend(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
 }
 
 namespace {
+
 gboolean KeepTicking(gpointer)
 {
     return TRUE;
 }
+
 } // namespace
-
-ContextTicker::ContextTicker(GMainContext *context, unsigned intervalMs) : m_source(g_timeout_source_new(intervalMs))
-{
-    g_source_set_callback(m_source, KeepTicking, nullptr, nullptr);
-    g_source_attach(m_source, context);
-}
-
-ContextTicker::~ContextTicker()
-{
-    g_source_destroy(m_source);
-    g_source_unref(m_source);
-}
 
 bool ServeMessagesUntil(const std::function<bool()> &done, const std::function<void(const MSG &)> &onMessage,
                         int timeoutMilliseconds)
 {
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMilliseconds);
     ThreadData *data = ThreadData::GetCurrentThreadData();
-    ContextTicker ticker(data->context, 10);
+    // A timeout wakes the wait now and then, so that the deadline is seen.
+    GSource *ticker = g_timeout_source_new(10);
+    g_source_set_callback(ticker, KeepTicking, nullptr, nullptr);
+    g_source_attach(ticker, data->context);
+    bool finished = true;
     while (!done()) {
-        if (std::chrono::steady_clock::now() >= deadline)
-            return false;
+        if (std::chrono::steady_clock::now() >= deadline) {
+            finished = false;
+            break;
+        }
         MSG msg;
         if (LockedPeek(&msg)) {
             if (onMessage)
@@ -68,7 +64,9 @@ bool ServeMessagesUntil(const std::function<bool()> &done, const std::function<v
         vorlan::GtkCriticalSection lock;
         data->waitMessage();
     }
-    return true;
+    g_source_destroy(ticker);
+    g_source_unref(ticker);
+    return finished;
 }
 
 void ResetCurrentThreadQueues()

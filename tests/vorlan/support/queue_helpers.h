@@ -24,20 +24,6 @@ LRESULT LockedPost(HWND hWnd, UINT message, WPARAM wParam = 0, LPARAM lParam = 0
                    DWORD tid = static_cast<DWORD>(-1));
 LRESULT LockedSend(HWND hWnd, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
-// A GLib timeout on a context for the lifetime of the object, so that a
-// thread waiting in that context wakes at least every `intervalMs` and can
-// look at its deadline.
-class ContextTicker {
-public:
-    ContextTicker(GMainContext *context, unsigned intervalMs);
-    ~ContextTicker();
-    ContextTicker(const ContextTicker &) = delete;
-    ContextTicker &operator=(const ContextTicker &) = delete;
-
-private:
-    GSource *m_source;
-};
-
 // A message loop on the calling thread until `done` holds or the timeout
 // passes: peeks with PM_REMOVE, hands every message to `onMessage`, and
 // waits when nothing is there.  Returns whether `done` became true.
