@@ -2,29 +2,12 @@
 #include <windows.h>
 
 #include <climits>
-#include <cstring>
 #include <gtest/gtest.h>
 #include <initializer_list>
 #include <memory>
 #include <vector>
 
 namespace {
-
-struct Item {
-    int a;
-    short b;
-    char c[6];
-};
-
-Item MakeItem(int n)
-{
-    Item item;
-    std::memset(&item, 0, sizeof item);
-    item.a = n;
-    item.b = static_cast<short>(-n);
-    item.c[0] = static_cast<char>('a' + n % 26);
-    return item;
-}
 
 std::vector<int> Values(const CVector &vector)
 {
@@ -46,24 +29,6 @@ CVector *IntsFrom(std::initializer_list<int> values)
 }
 
 } // namespace
-
-TEST(CVector, AppendAndGetCopyWholeItems)
-{
-    CVector vector(sizeof(Item));
-    EXPECT_EQ(vector.ItemSize(), sizeof(Item));
-    for (int i = 0; i < 1000; ++i) {
-        const Item item = MakeItem(i);
-        ASSERT_TRUE(vector.Append(&item));
-    }
-    EXPECT_EQ(vector.Size(), 1000u);
-    EXPECT_EQ(vector.SizeHuge(), 1000ull * sizeof(Item));
-    for (int i = 0; i < 1000; i += 97) {
-        Item item;
-        ASSERT_TRUE(vector.Get(static_cast<UINT>(i), &item));
-        const Item expected = MakeItem(i);
-        EXPECT_EQ(std::memcmp(&item, &expected, sizeof item), 0) << i;
-    }
-}
 
 TEST(CVector, GetSetAndRemoveInAndOutOfRange)
 {

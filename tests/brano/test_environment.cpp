@@ -23,9 +23,8 @@ TEST_F(Environment, LongParsesDecimalHexAndOctalAndIsZeroForMissingOrNonNumeric)
         const char *text;
         LONG value;
     } cases[] = {
-        {"42", 42},         {"-17", -17},         {"0x1F", 31},        {"0X10", 16},
-        {"010", 8},         {"  7 ", 7},          {"+5", 5},           {"0", 0},
-        {"2147483647", 2147483647}, {"0xffffffff", -1}, {"-2147483648", (LONG)0x80000000u},
+        {"-17", -17}, {"0X10", 16}, {"010", 8}, {"  7 ", 7}, {"+5", 5},
+        {"0xffffffff", -1}, {"-2147483648", (LONG)0x80000000u},
     };
     for (const auto &c : cases) {
         Set(c.text);

@@ -1,6 +1,4 @@
-// Hook chains: installation checks, order, CallNextHookEx, unhooking from
-// inside a hook, per-thread isolation, message conversion between the ANSI
-// and wide forms, and CallMsgFilter.
+// Hook chains, CallNextHookEx and CallMsgFilter.
 #include <windows.h>
 
 #include "expect_last_error.h"
@@ -17,7 +15,6 @@ namespace {
 
 constexpr UINT kWmChar = 0x0102;
 constexpr UINT kWmKeyDown = 0x0100;
-constexpr WPARAM kPmRemove = 1;
 
 struct HookCall {
     std::string who;
@@ -57,15 +54,6 @@ LRESULT CALLBACK Swallow(int code, WPARAM wParam, LPARAM lParam)
 {
     Record("swallow", code, wParam, lParam);
     return 1;
-}
-
-LRESULT CALLBACK EditMessage(int code, WPARAM wParam, LPARAM lParam)
-{
-    Record("edit", code, wParam, lParam);
-    MSG *msg = reinterpret_cast<MSG *>(lParam);
-    msg->wParam = 'Z';
-    msg->lParam = 0x7777;
-    return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
 LRESULT CALLBACK UnhookSelf(int code, WPARAM wParam, LPARAM lParam)
@@ -135,22 +123,6 @@ void ExpectInstallFails(int type, HOOKPROC proc, DWORD thread, DWORD error)
 }
 
 } // namespace
-
-TEST_F(Hooks, GetMessageHookSeesAndEditsTheMessage)
-{
-    Install(0, WH_GETMESSAGE, EditMessage);
-    MSG msg = {};
-    msg.message = kWmKeyDown;
-    msg.wParam = 'A';
-    const LRESULT result = CallWindowsHook(WH_GETMESSAGE, HC_ACTION, kPmRemove, reinterpret_cast<LPARAM>(&msg), FALSE);
-    EXPECT_EQ(result, 0);
-    ASSERT_EQ(t_calls.size(), 1u);
-    EXPECT_EQ(t_calls[0].code, HC_ACTION);
-    EXPECT_EQ(t_calls[0].wParam, (WPARAM)kPmRemove);
-    EXPECT_EQ(t_calls[0].lParam, reinterpret_cast<LPARAM>(&msg));
-    EXPECT_EQ(msg.wParam, (WPARAM)'Z');
-    EXPECT_EQ(msg.lParam, 0x7777);
-}
 
 TEST_F(Hooks, NewestRunsFirstAndChainsToTheEnd)
 {

@@ -48,38 +48,22 @@ void ExpectInfo(LCID locale, std::initializer_list<Expected> values)
 
 } // namespace
 
-// Names, number, date and time conventions; day names start on Monday.
+// Day names start on Monday.
 TEST(LocaleInfo, EnglishUnitedStatesConventions)
 {
     ExpectInfo(kEnglishUs, {
-        {LOCALE_SENGLANGUAGE, "English"}, {LOCALE_SENGCOUNTRY, "United States"}, {LOCALE_SNATIVELANGNAME, "English"},
-        {LOCALE_SNATIVECTRYNAME, "United States"}, {LOCALE_SISO639LANGNAME, "en"}, {LOCALE_SISO3166CTRYNAME, "US"},
-        {LOCALE_SABBREVLANGNAME, "ENU"}, {LOCALE_SABBREVCTRYNAME, "USA"}, {LOCALE_ILANGUAGE, "0409"},
-        {LOCALE_IDEFAULTLANGUAGE, "0409"}, {LOCALE_ICOUNTRY, "1"},
-        {LOCALE_SDECIMAL, "."}, {LOCALE_STHOUSAND, ","}, {LOCALE_SGROUPING, "3;0"}, {LOCALE_SLIST, ","},
-        {LOCALE_IMEASURE, "1"}, {LOCALE_SNATIVEDIGITS, "0123456789"}, {LOCALE_SNEGATIVESIGN, "-"},
-        {LOCALE_SPOSITIVESIGN, ""}, {LOCALE_SCURRENCY, "$"}, {LOCALE_SINTLSYMBOL, "USD"}, {LOCALE_ICURRDIGITS, "2"},
-        {LOCALE_ICURRENCY, "0"},
-        {LOCALE_SSHORTDATE, "M/d/yyyy"}, {LOCALE_SLONGDATE, "dddd, MMMM d, yyyy"}, {LOCALE_STIMEFORMAT, "h:mm:ss tt"},
-        {LOCALE_SDATE, "/"}, {LOCALE_STIME, ":"}, {LOCALE_IDATE, "0"}, {LOCALE_ILDATE, "0"}, {LOCALE_ITIME, "0"},
-        {LOCALE_ITIMEMARKPOSN, "0"}, {LOCALE_ICENTURY, "1"}, {LOCALE_IDAYLZERO, "0"}, {LOCALE_IMONLZERO, "0"},
-        {LOCALE_ITLZERO, "0"}, {LOCALE_S1159, "AM"}, {LOCALE_S2359, "PM"}, {LOCALE_ICALENDARTYPE, "1"},
-        {LOCALE_IFIRSTDAYOFWEEK, "6"}, {LOCALE_IFIRSTWEEKOFYEAR, "0"},
-        {LOCALE_SDAYNAME1, "Monday"}, {LOCALE_SDAYNAME6, "Saturday"}, {LOCALE_SDAYNAME7, "Sunday"},
-        {LOCALE_SABBREVDAYNAME1, "Mon"}, {LOCALE_SABBREVDAYNAME7, "Sun"}, {LOCALE_SMONTHNAME1, "January"},
-        {LOCALE_SMONTHNAME12, "December"}, {LOCALE_SABBREVMONTHNAME1, "Jan"}, {LOCALE_SABBREVMONTHNAME12, "Dec"},
+        {LOCALE_SENGLANGUAGE, "English"}, {LOCALE_SISO3166CTRYNAME, "US"}, {LOCALE_ILANGUAGE, "0409"},
+        {LOCALE_SGROUPING, "3;0"}, {LOCALE_SPOSITIVESIGN, ""}, {LOCALE_SSHORTDATE, "M/d/yyyy"},
+        {LOCALE_STIMEFORMAT, "h:mm:ss tt"}, {LOCALE_IFIRSTDAYOFWEEK, "6"}, {LOCALE_SDAYNAME1, "Monday"},
+        {LOCALE_SDAYNAME7, "Sunday"}, {LOCALE_SABBREVMONTHNAME12, "Dec"},
     });
 }
 
 TEST(LocaleInfo, GermanConventions)
 {
     ExpectInfo(kGerman, {
-        {LOCALE_SENGLANGUAGE, "German"}, {LOCALE_SENGCOUNTRY, "Germany"}, {LOCALE_SNATIVELANGNAME, "Deutsch"},
-        {LOCALE_SABBREVLANGNAME, "DEU"}, {LOCALE_ICOUNTRY, "49"}, {LOCALE_SDECIMAL, ","}, {LOCALE_STHOUSAND, "."},
-        {LOCALE_SLIST, ";"}, {LOCALE_IMEASURE, "0"}, {LOCALE_SINTLSYMBOL, "EUR"}, {LOCALE_ICURRENCY, "3"},
-        {LOCALE_INEGCURR, "8"}, {LOCALE_SSHORTDATE, "dd.MM.yyyy"}, {LOCALE_SLONGDATE, "dddd, d. MMMM yyyy"},
-        {LOCALE_STIMEFORMAT, "HH:mm:ss"}, {LOCALE_SDATE, "."}, {LOCALE_IDATE, "1"}, {LOCALE_ITIME, "1"},
-        {LOCALE_ITLZERO, "1"}, {LOCALE_IDAYLZERO, "1"}, {LOCALE_IMONLZERO, "1"}, {LOCALE_IFIRSTDAYOFWEEK, "0"},
+        {LOCALE_SNATIVELANGNAME, "Deutsch"}, {LOCALE_SDECIMAL, ","}, {LOCALE_STHOUSAND, "."},
+        {LOCALE_ICURRENCY, "3"}, {LOCALE_SSHORTDATE, "dd.MM.yyyy"}, {LOCALE_STIMEFORMAT, "HH:mm:ss"},
         {LOCALE_IFIRSTWEEKOFYEAR, "2"}, {LOCALE_SDAYNAME1, "Montag"},
     });
 }
@@ -90,10 +74,7 @@ TEST(LocaleInfo, EastAsianOtherLanguageNeutralAndInvariantLocales)
         {LOCALE_SSHORTDATE, "yyyy/MM/dd"}, {LOCALE_IDATE, "2"}, {LOCALE_SINTLSYMBOL, "JPY"}, {LOCALE_ICURRDIGITS, "0"},
         {LOCALE_IDEFAULTANSICODEPAGE, "932"},
     });
-    ExpectInfo(kChinesePrc, {
-        {LOCALE_SENGLANGUAGE, "Chinese"}, {LOCALE_SISO3166CTRYNAME, "CN"}, {LOCALE_SABBREVLANGNAME, "CHS"},
-        {LOCALE_IDEFAULTANSICODEPAGE, "936"},
-    });
+    EXPECT_EQ(Info(kChinesePrc, LOCALE_IDEFAULTANSICODEPAGE), "936");
     EXPECT_EQ(Info(0x0404, LOCALE_IDEFAULTANSICODEPAGE), "950");
     ExpectInfo(kRussian, {{LOCALE_IDEFAULTANSICODEPAGE, "1251"}, {LOCALE_IDEFAULTCODEPAGE, "866"}});
     EXPECT_EQ(Info(kHindi, LOCALE_SGROUPING), "3;2;0");
@@ -175,10 +156,8 @@ TEST(ProcessLocaleChild, DISABLED_MatchesExpectation)
 TEST(ProcessLocale, FollowsTheLocaleEnvironment)
 {
     const std::pair<const char *, const char *> cases[] = {
-        {"en_US.UTF-8", "409"}, {"C", "409"},           {"POSIX", "409"},      {"C.UTF-8", "409"},
-        {"", "409"},            {"zh_CN.UTF-8", "804"}, {"zh_TW.Big5", "404"}, {"de_DE@euro", "407"},
-        {"fr_CA.UTF-8", "c0c"}, {"ja_JP.eucJP", "411"}, {"ko_KR", "412"},      {"pt", "416"},
-        {"en_GB", "809"},       {"sr_RS@latin", "241a"},
+        {"C.UTF-8", "409"}, {"", "409"},        {"zh_TW.Big5", "404"},
+        {"de_DE@euro", "407"}, {"pt", "416"}, {"sr_RS@latin", "241a"},
     };
     for (const auto &c : cases) {
         EXPECT_TRUE(locale_child::RunTestInChild("ProcessLocaleChild.DISABLED_MatchesExpectation",

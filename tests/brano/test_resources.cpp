@@ -1,6 +1,5 @@
-// Finding, loading and registering resources: the test binary's own
-// resources come from resources/test.rc; registration is exercised with
-// resource files built in memory.
+// Finding, loading and registering resources (resources/test.rc, and
+// resource files built in memory).
 #include <windows.h>
 
 #include "expect_last_error.h"
@@ -15,9 +14,6 @@
 
 namespace {
 
-constexpr WORD kRtMenu = 4;
-constexpr WORD kRtDialog = 5;
-constexpr WORD kRtString = 6;
 constexpr WORD kRtRcData = 10;
 
 LPCSTR Id(WORD id)
@@ -31,38 +27,6 @@ std::vector<BYTE> BytesOf(HRSRC resource)
     if (data == nullptr)
         return {};
     return std::vector<BYTE>(data, data + SizeofResource(nullptr, resource));
-}
-
-std::u16string WideAt(const BYTE *data)
-{
-    std::u16string text;
-    for (WORD unit; std::memcpy(&unit, data, 2), unit != 0; data += 2)
-        text.push_back(static_cast<char16_t>(unit));
-    return text;
-}
-
-WORD WordAt(const BYTE *data)
-{
-    WORD value;
-    std::memcpy(&value, data, sizeof value);
-    return value;
-}
-
-DWORD DwordAt(const BYTE *data)
-{
-    DWORD value;
-    std::memcpy(&value, data, sizeof value);
-    return value;
-}
-
-const BYTE *AfterWideString(const BYTE *data)
-{
-    return data + (WideAt(data).size() + 1) * 2;
-}
-
-const BYTE *AlignedToDword(const BYTE *base, const BYTE *at)
-{
-    return base + ((at - base + 3) & ~3);
 }
 
 HMODULE LibraryWithoutResources()
@@ -182,56 +146,6 @@ TEST(ResourceLookup, NamesIgnoreCaseAndTheNeutralLanguageIsPreferred)
     EXPECT_EQ(BytesOf(upper), payload);
     const std::vector<BYTE> neutral = {'n', 'e', 'u', 't', 'r', 'a', 'l'};
     EXPECT_EQ(BytesOf(FindResourceA(nullptr, Id(IDR_LANGUAGES), Id(kRtRcData))), neutral);
-}
-
-TEST(ResourceData, DialogTemplateHeaderAndFirstItem)
-{
-    HRSRC resource = FindResourceA(nullptr, Id(IDD_TEST), Id(kRtDialog));
-    ASSERT_NE(resource, nullptr);
-    const BYTE *base = static_cast<const BYTE *>(LockResource(LoadResource(nullptr, resource)));
-    ASSERT_NE(base, nullptr);
-    EXPECT_EQ(DwordAt(base), 0x80C80080u) << "style";
-    EXPECT_EQ(DwordAt(base + 4), 0u) << "extended style";
-    EXPECT_EQ(WordAt(base + 8), 3u) << "item count";
-    EXPECT_EQ(WordAt(base + 10), 10u);
-    EXPECT_EQ(WordAt(base + 12), 20u);
-    EXPECT_EQ(WordAt(base + 14), 200u) << "cx";
-    EXPECT_EQ(WordAt(base + 16), 100u) << "cy";
-    EXPECT_EQ(WordAt(base + 18), 0u) << "no menu";
-    EXPECT_EQ(WordAt(base + 20), 0u) << "default class";
-    EXPECT_EQ(WideAt(base + 22), u"Test dialog");
-
-    const BYTE *item = AlignedToDword(base, AfterWideString(base + 22));
-    EXPECT_EQ(DwordAt(item) & 0x50000000u, 0x50000000u) << "WS_CHILD | WS_VISIBLE";
-    EXPECT_EQ(WordAt(item + 8), 7u);
-    EXPECT_EQ(WordAt(item + 10), 9u);
-    EXPECT_EQ(WordAt(item + 16), IDC_LABEL);
-    EXPECT_EQ(WordAt(item + 18), 0xFFFFu);
-    EXPECT_EQ(WordAt(item + 20), 0x0082u) << "static control class";
-    EXPECT_EQ(WideAt(item + 22), u"Name:");
-}
-
-TEST(ResourceData, MenuTemplateAndStringTableBlock)
-{
-    HRSRC resource = FindResourceA(nullptr, Id(IDM_MAIN), Id(kRtMenu));
-    ASSERT_NE(resource, nullptr);
-    const BYTE *base = static_cast<const BYTE *>(LockResource(LoadResource(nullptr, resource)));
-    ASSERT_NE(base, nullptr);
-    EXPECT_EQ(WordAt(base), 0u) << "version";
-    EXPECT_EQ(WordAt(base + 2), 0u) << "header size";
-    EXPECT_EQ(WordAt(base + 4), 0x0090u) << "MF_POPUP | MF_END";
-    EXPECT_EQ(WideAt(base + 6), u"&File");
-    const BYTE *open = AfterWideString(base + 6);
-    EXPECT_EQ(WordAt(open), 0u);
-    EXPECT_EQ(WordAt(open + 2), IDM_OPEN);
-    EXPECT_EQ(WideAt(open + 4), u"&Open");
-
-    HRSRC block = FindResourceA(nullptr, Id(IDS_HELLO / 16 + 1), Id(kRtString));
-    ASSERT_NE(block, nullptr);
-    const std::vector<BYTE> bytes = BytesOf(block);
-    ASSERT_GE(bytes.size(), 4u);
-    EXPECT_EQ(WordAt(&bytes[0]), 0u) << "string 0 is absent";
-    EXPECT_EQ(WordAt(&bytes[2]), 16u) << "length of string 1";
 }
 
 TEST(ResourceErrors, UnknownNullOrMalformedNamesAndTypesAndBadModules)

@@ -1,56 +1,12 @@
-// The classes registered at start-up: their order, styles, extra bytes,
-// cursors and procedure pairs, the exported tables and class names, and
-// windows of those classes.
+// The classes registered at start-up and windows of those classes.
 #include <gtest/gtest.h>
 
 #include "../brano/expect_last_error.h"
-#include "gtk/vorlgtklock.h"
 #include "vorlcontrolprocs.h"
-#include "vorlwindowclass.h"
-#include "vorlwindowproc.h"
-
-#include <dlfcn.h>
 
 #include <string>
-#include <vector>
 
 namespace {
-
-struct Expected {
-    const char *name; // "#n" for a class known by its atom
-    UINT style;
-    WNDPROC procA;
-    WNDPROC procW;
-    int cbWndExtra;
-    LPCSTR cursor;
-};
-
-const Expected kBuiltins[] = {
-    {"Static", 0xB, StaticWindowProcA, StaticWindowProcW, 8, IDC_ARROW},
-    {"Button", 0xB, ButtonWindowProcA, ButtonWindowProcW, 20, IDC_ARROW},
-    {"Edit", 0x4088, EditWindowProcA, EditWindowProcW, 4, IDC_IBEAM},
-    {"ListBox", 0xB, ListBoxWindowProcA, ListBoxWindowProcW, 4, IDC_ARROW},
-    {"ComboBox", 0xB, ComboBoxWindowProcA, ComboBoxWindowProcW, 4, IDC_ARROW},
-    {"ScrollBar", 0xB, ScrollBarWindowProcA, ScrollBarWindowProcW, 4, IDC_ARROW},
-    {"#32768", 0x8, MenuWindowProcA, MenuWindowProcW, 4, IDC_ARROW},
-    {"#32770", 0xB, DefDlgProcA, DefDlgProcW, 30, IDC_ARROW},
-    {"#32769", 0xB, DefWindowProcA, DefWindowProcW, 0, IDC_ARROW},
-    {"msctls_statusbar", 0xB, StatusBarWindowProcA, StatusBarWindowProcW, 0, IDC_ARROW},
-    {"#32801", 0x8, DefWindowProcA, DefWindowProcW, 0, IDC_ARROW},
-};
-
-ATOM AtomOf(const char *name)
-{
-    return name[0] == '#' ? static_cast<ATOM>(std::stoi(name + 1)) : FindAtomA(name);
-}
-
-std::u16string Wide(const WCHAR *text)
-{
-    std::u16string result;
-    for (; *text != 0; ++text)
-        result.push_back(static_cast<char16_t>(*text));
-    return result;
-}
 
 std::u16string Wide(const char *text)
 {
@@ -58,33 +14,6 @@ std::u16string Wide(const char *text)
 }
 
 } // namespace
-
-TEST(BuiltinClasses, AllAreRegisteredInOrderWithTheirAttributes)
-{
-    vorlan::GtkCriticalSection lock;
-    const WindowClass *wc = WindowClass_FindClass(AtomOf("Static"));
-    ASSERT_NE(wc, nullptr);
-    for (const Expected &e : kBuiltins) {
-        SCOPED_TRACE(e.name);
-        ASSERT_NE(wc, nullptr);
-        EXPECT_EQ(wc->atom, AtomOf(e.name));
-        EXPECT_EQ(wc, WindowClass_FindClass(AtomOf(e.name)));
-        EXPECT_EQ(wc->style, e.style);
-        EXPECT_EQ(wc->cbWndExtra, e.cbWndExtra);
-        EXPECT_EQ(wc->cbClsExtra, 0);
-        EXPECT_EQ(wc->hCursor, LoadCursorA(nullptr, e.cursor));
-        EXPECT_EQ(wc->hIcon, nullptr);
-        EXPECT_EQ(wc->hIconSm, nullptr);
-        EXPECT_EQ(wc->hbrBackground, nullptr);
-        EXPECT_EQ(wc->pszMenuName, nullptr);
-        WNDPROC procA = nullptr;
-        WNDPROC procW = nullptr;
-        ASSERT_TRUE(GetRealWndProc(wc->nIdWndProc, &procA, &procW));
-        EXPECT_EQ(procA, e.procA);
-        EXPECT_EQ(procW, e.procW);
-        wc = wc->pNext;
-    }
-}
 
 TEST(BuiltinClasses, NamedClassesAnswerToTheirNamesInAnyCase)
 {
@@ -96,25 +25,6 @@ TEST(BuiltinClasses, NamedClassesAnswerToTheirNamesInAnyCase)
         SCOPED_TRACE(name);
         EXPECT_FAILS_WITH(RegisterClassW(&wc), 0, ERROR_CLASS_ALREADY_EXISTS);
     }
-}
-
-// Registration reads the exported tables, so the test above covers their
-// contents; here only that they and the names are exported as such.
-TEST(BuiltinClasses, TablesAndNamesAreExportedUnderTheirPlainNames)
-{
-    for (const char *symbol :
-         {"g_staticClass", "g_buttonClass", "g_editClass", "g_listboxClass", "g_comboClass", "g_scrollBarClass",
-          "g_menuClass", "wszButtonClass", "wszComboboxClass", "wszDialogClass", "wszEditClass", "wszListboxClass",
-          "wszScrollbarClass", "wszStaticClass", "WindowClass_RegisterBuiltins", "WindowClass_FindClass"})
-        EXPECT_NE(dlsym(RTLD_DEFAULT, symbol), nullptr) << symbol;
-    EXPECT_EQ(dlsym(RTLD_DEFAULT, "g_staticClass"), static_cast<const void *>(&g_staticClass));
-    EXPECT_EQ(Wide(wszButtonClass), u"Button");
-    EXPECT_EQ(Wide(wszComboboxClass), u"ComboBox");
-    EXPECT_EQ(Wide(wszDialogClass), u"#32770");
-    EXPECT_EQ(Wide(wszEditClass), u"Edit");
-    EXPECT_EQ(Wide(wszListboxClass), u"ListBox");
-    EXPECT_EQ(Wide(wszScrollbarClass), u"ScrollBar");
-    EXPECT_EQ(Wide(wszStaticClass), u"Static");
 }
 
 TEST(BuiltinClasses, ButtonWindowKeepsItsTextAndRoutesToTheDefaultProcedure)

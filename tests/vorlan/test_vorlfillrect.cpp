@@ -6,18 +6,37 @@
 
 using namespace vorlan_test;
 
+namespace {
+
+using BrushPainter = int(WINAPI *)(HDC, const RECT *, HBRUSH);
+
+// A white canvas with one rectangle painted by FillRect or FrameRect in a
+// solid brush, which lives as long as the canvas.
+struct BrushedRectangle {
+    BrushedRectangle(BrushPainter paint, COLORREF colour, const RECT &where)
+        : brush(CreateSolidBrush(colour)), painted(paint(canvas, &where, brush) != 0)
+    {
+    }
+    ~BrushedRectangle() { DeleteObject(brush); }
+    Canvas canvas;
+    HBRUSH brush;
+    bool painted;
+};
+
+} // namespace
+
 TEST(RectangleDrawing, FillTakesBrushesAndSystemColourValues)
 {
-    Canvas canvas;
-    HBRUSH blue = CreateSolidBrush(kBlue);
     const RECT rect = {2, 3, 6, 5};
-    EXPECT_TRUE(FillRect(canvas, &rect, blue));
+    BrushedRectangle blue(FillRect, kBlue, rect);
+    Canvas &canvas = blue.canvas;
+    EXPECT_TRUE(blue.painted);
     EXPECT_EQ(canvas.Row(3, 1, 6, kBlue), ".####.");
     EXPECT_EQ(canvas.Column(2, 2, 5, kBlue), ".##.");
     EXPECT_EQ(canvas.Count(kBlue), 8);
     // The caller's brush lives on; the DC's own selection is back.
-    EXPECT_EQ(GetObjectType(blue), DWORD(OBJ_BRUSH));
-    EXPECT_NE(GetCurrentObject(canvas, OBJ_BRUSH), static_cast<HGDIOBJ>(blue));
+    EXPECT_EQ(GetObjectType(blue.brush), DWORD(OBJ_BRUSH));
+    EXPECT_NE(GetCurrentObject(canvas, OBJ_BRUSH), static_cast<HGDIOBJ>(blue.brush));
 
     const COLORREF window = GetSysColor(COLOR_WINDOW);
     canvas.Clear(kBlack);
@@ -26,26 +45,22 @@ TEST(RectangleDrawing, FillTakesBrushesAndSystemColourValues)
     EXPECT_EQ(canvas.Count(window), 40 * 40);
 
     SetLastError(0);
-    EXPECT_EQ(FillRect(canvas, nullptr, blue), 0);
+    EXPECT_EQ(FillRect(canvas, nullptr, blue.brush), 0);
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
     EXPECT_EQ(FillRect(canvas, &rect, nullptr), 0);
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
-    DeleteObject(blue);
 }
 
 TEST(RectangleDrawing, FrameIsOnePixelInsideTheRectangle)
 {
-    Canvas canvas;
-    HBRUSH red = CreateSolidBrush(kRed);
-    const RECT rect = {2, 2, 8, 6};
-    EXPECT_TRUE(FrameRect(canvas, &rect, red));
-    EXPECT_EQ(canvas.Row(2, 1, 8, kRed), ".######.");
-    EXPECT_EQ(canvas.Row(3, 1, 8, kRed), ".#....#.");
-    EXPECT_EQ(canvas.Row(5, 1, 8, kRed), ".######.");
-    EXPECT_EQ(canvas.Count(kRed), 2 * 6 + 2 * 2);
+    BrushedRectangle red(FrameRect, kRed, {2, 2, 8, 6});
+    EXPECT_TRUE(red.painted);
+    EXPECT_EQ(red.canvas.Row(2, 1, 8, kRed), ".######.");
+    EXPECT_EQ(red.canvas.Row(3, 1, 8, kRed), ".#....#.");
+    EXPECT_EQ(red.canvas.Row(5, 1, 8, kRed), ".######.");
+    EXPECT_EQ(red.canvas.Count(kRed), 2 * 6 + 2 * 2);
     const RECT flat = {2, 2, 8, 2};
-    EXPECT_EQ(FrameRect(canvas, &flat, red), 0);
-    DeleteObject(red);
+    EXPECT_EQ(FrameRect(red.canvas, &flat, red.brush), 0);
 }
 
 TEST(RectangleDrawing, InvertAndFocusRectanglesUndoThemselves)

@@ -1,5 +1,5 @@
-// StringTranslator: results, the inline buffers and where they spill to
-// the heap, counted sources, the intermediate slot and failures.
+// StringTranslator: results, where long text spills to the heap, counted
+// sources, the intermediate slot and failures.
 
 #include <gtest/gtest.h>
 
@@ -37,31 +37,6 @@ bool InsideObject(const StringTranslator &translator, const void *pointer)
 }
 
 } // namespace
-
-TEST(StringTranslatorLayout, TwoPointersAndTheInlineBuffersAndANewObjectHoldsNothing)
-{
-    EXPECT_EQ(sizeof(StringTranslator), 2 * sizeof(void *) + 64 + 32 * sizeof(WCHAR));
-    StringTranslator translator;
-    EXPECT_EQ(translator.narrow(), nullptr);
-    EXPECT_EQ(translator.wide(), nullptr);
-}
-
-TEST(StringTranslatorToNarrow, SixtyThreeCharactersStayInlineSixtyFourGoToTheHeap)
-{
-    StringTranslator translator;
-    const char *result = translator.Utf16ToAnsi(W(U("Title")));
-    ASSERT_NE(result, nullptr);
-    EXPECT_STREQ(result, "Title");
-    EXPECT_EQ(result, translator.narrow());
-    result = translator.Utf16ToAnsi(W(U(std::string(63, 'x'))));
-    ASSERT_NE(result, nullptr);
-    EXPECT_EQ(std::string(result), std::string(63, 'x'));
-    EXPECT_TRUE(InsideObject(translator, result));
-    result = translator.Utf16ToAnsi(W(U(std::string(64, 'y'))));
-    ASSERT_NE(result, nullptr);
-    EXPECT_EQ(std::string(result), std::string(64, 'y'));
-    EXPECT_FALSE(InsideObject(translator, result));
-}
 
 TEST(StringTranslatorToNarrow, CountedSourceIsTerminatedBehindItsTextAndMayNotBeEmpty)
 {

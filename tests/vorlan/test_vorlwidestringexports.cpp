@@ -1,7 +1,5 @@
-// How the 16-bit string functions reach programs: the C names under their
-// own symbol version for programs built with a 2-byte wchar_t, while the
-// rest of the process (this program, the C library, GLib, GTK) keeps the C
-// library's 32-bit functions.
+// The 16-bit string functions reach -fshort-wchar programs under their own
+// symbol version; the rest of the process keeps the C library's 32-bit ones.
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,5 @@
-// The conversion thunks between a caller of one character form and a window
-// procedure of the other, reached through CallWindowProcA/W with a
-// procedure id that has only the other side.  Expected ANSI text comes from
-// the process code page, so the tests hold for any page.
+// The thunks between a caller of one character form and a procedure of the
+// other.  Expected ANSI text comes from the process code page.
 #include <gtest/gtest.h>
 
 #include "support/child_process.h"
