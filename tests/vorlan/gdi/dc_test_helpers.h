@@ -10,23 +10,33 @@
 
 namespace vorlan_test {
 
-// A memory context like the screen's.
-class MemoryDC {
+// A handle deleted with the scope: a context with DeleteDC, any other
+// object with DeleteObject.
+template <typename Handle> class Scoped {
 public:
-    MemoryDC() : m_hdc(CreateCompatibleDC(nullptr)) {}
-    ~MemoryDC()
+    explicit Scoped(Handle handle) : m_handle(handle) {}
+    ~Scoped()
     {
-        if (m_hdc != nullptr)
-            DeleteDC(m_hdc);
+        if (m_handle != nullptr)
+            Release(m_handle);
     }
-    MemoryDC(const MemoryDC &) = delete;
-    MemoryDC &operator=(const MemoryDC &) = delete;
+    Scoped(const Scoped &) = delete;
+    Scoped &operator=(const Scoped &) = delete;
 
-    HDC get() const { return m_hdc; }
-    operator HDC() const { return m_hdc; }
+    Handle get() const { return m_handle; }
+    operator Handle() const { return m_handle; }
 
 private:
-    HDC m_hdc;
+    static void Release(HDC hdc) { DeleteDC(hdc); }
+    static void Release(HGDIOBJ object) { DeleteObject(object); }
+
+    Handle m_handle;
+};
+
+// A memory context like the screen's.
+class MemoryDC : public Scoped<HDC> {
+public:
+    MemoryDC() : Scoped(CreateCompatibleDC(nullptr)) {}
 };
 
 // The state of a context as the library holds it, for what no export reads
