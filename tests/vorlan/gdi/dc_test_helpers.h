@@ -40,19 +40,12 @@ public:
 };
 
 // The state of a context as the library holds it, for what no export reads
-// (the extents, the transforms, the save depth).
+// (the extents and the transforms).
 inline vorlan::DCState StateOf(HDC hdc)
 {
     vorlan::GtkCriticalSection lock;
     const vorlan::CommonDeviceContext *context = vorlan::GetCommonDeviceContext(hdc);
     return context != nullptr ? context->state() : vorlan::DCState();
-}
-
-inline size_t SavedDepthOf(HDC hdc)
-{
-    vorlan::GtkCriticalSection lock;
-    const vorlan::CommonDeviceContext *context = vorlan::GetCommonDeviceContext(hdc);
-    return context != nullptr ? context->savedDepth() : 0;
 }
 
 // The bounding box of a region object, read from its GdkRegion.
