@@ -10,39 +10,42 @@
 
 namespace vorlan_test {
 
-// A memory context like the screen's.
-class MemoryDC {
+// A handle deleted with the scope: a context with DeleteDC, any other
+// object with DeleteObject.
+template <typename Handle> class Scoped {
 public:
-    MemoryDC() : m_hdc(CreateCompatibleDC(nullptr)) {}
-    ~MemoryDC()
+    explicit Scoped(Handle handle) : m_handle(handle) {}
+    ~Scoped()
     {
-        if (m_hdc != nullptr)
-            DeleteDC(m_hdc);
+        if (m_handle != nullptr)
+            Release(m_handle);
     }
-    MemoryDC(const MemoryDC &) = delete;
-    MemoryDC &operator=(const MemoryDC &) = delete;
+    Scoped(const Scoped &) = delete;
+    Scoped &operator=(const Scoped &) = delete;
 
-    HDC get() const { return m_hdc; }
-    operator HDC() const { return m_hdc; }
+    Handle get() const { return m_handle; }
+    operator Handle() const { return m_handle; }
 
 private:
-    HDC m_hdc;
+    static void Release(HDC hdc) { DeleteDC(hdc); }
+    static void Release(HGDIOBJ object) { DeleteObject(object); }
+
+    Handle m_handle;
+};
+
+// A memory context like the screen's.
+class MemoryDC : public Scoped<HDC> {
+public:
+    MemoryDC() : Scoped(CreateCompatibleDC(nullptr)) {}
 };
 
 // The state of a context as the library holds it, for what no export reads
-// (the extents, the transforms, the save depth).
+// (the extents and the transforms).
 inline vorlan::DCState StateOf(HDC hdc)
 {
     vorlan::GtkCriticalSection lock;
     const vorlan::CommonDeviceContext *context = vorlan::GetCommonDeviceContext(hdc);
     return context != nullptr ? context->state() : vorlan::DCState();
-}
-
-inline size_t SavedDepthOf(HDC hdc)
-{
-    vorlan::GtkCriticalSection lock;
-    const vorlan::CommonDeviceContext *context = vorlan::GetCommonDeviceContext(hdc);
-    return context != nullptr ? context->savedDepth() : 0;
 }
 
 // The bounding box of a region object, read from its GdkRegion.

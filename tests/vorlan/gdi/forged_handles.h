@@ -6,6 +6,9 @@
 #include "gdi/vorlgdiobject.h"
 #include "gtk/vorlgtklock.h"
 
+#include <string>
+#include <vector>
+
 namespace gdi_test {
 
 template <typename Handle> Handle Forge(ULONG_PTR value)
@@ -28,6 +31,34 @@ inline unsigned FreeIndex()
             return i;
     }
     return 0;
+}
+
+// A bad handle of a sweep and what it is, for the failure messages.
+template <typename Handle> struct NamedHandle {
+    std::string what;
+    Handle handle;
+};
+
+// Values made from the live `h` that name no object: pushed out of the
+// table's range, under tags nothing has, all ones, and a free slot under
+// `tag`.
+template <typename Handle> std::vector<NamedHandle<Handle>> ForgeriesOf(const void *h, UINT tag)
+{
+    const ULONG_PTR value = reinterpret_cast<ULONG_PTR>(h);
+    return {
+        {"top byte 0x71", Forge<Handle>(value + 0x01000000)},
+        {"bits above 32", Forge<Handle>(value | (ULONG_PTR(1) << 32))},
+        {"tag 0", Forge<Handle>(WithTag(h, 0))},
+        {"tag 127", Forge<Handle>(WithTag(h, 127))},
+        {"all ones", Forge<Handle>(~ULONG_PTR(0))},
+        {"free slot under its tag", static_cast<Handle>(vorlan::MakeGdiHandle(tag, FreeIndex()))},
+    };
+}
+
+template <typename Handle>
+void Append(std::vector<NamedHandle<Handle>> &handles, const std::vector<NamedHandle<Handle>> &more)
+{
+    handles.insert(handles.end(), more.begin(), more.end());
 }
 
 } // namespace gdi_test

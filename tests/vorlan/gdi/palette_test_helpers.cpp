@@ -4,7 +4,7 @@
 
 namespace vorlan_test {
 
-TestPalette::TestPalette(std::initializer_list<COLORREF> colours) : m_palette(nullptr)
+HPALETTE PaletteOf(std::initializer_list<COLORREF> colours)
 {
     std::vector<BYTE> block(sizeof(LOGPALETTE) + colours.size() * sizeof(PALETTEENTRY));
     auto *lp = reinterpret_cast<LOGPALETTE *>(block.data());
@@ -14,13 +14,7 @@ TestPalette::TestPalette(std::initializer_list<COLORREF> colours) : m_palette(nu
     for (COLORREF colour : colours) {
         *entry++ = {GetRValue(colour), GetGValue(colour), GetBValue(colour), 0};
     }
-    m_palette = CreatePalette(lp);
-}
-
-TestPalette::~TestPalette()
-{
-    if (m_palette != nullptr)
-        DeleteObject(m_palette);
+    return CreatePalette(lp);
 }
 
 COLORREF PaintAndRead(Canvas &canvas, COLORREF colour)

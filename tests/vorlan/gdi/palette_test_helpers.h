@@ -5,25 +5,19 @@
 
 #include <windows.h>
 
+#include "gdi/dc_test_helpers.h"
 #include "gdi/screen/canvas.h"
 
 #include <initializer_list>
 
 namespace vorlan_test {
 
+HPALETTE PaletteOf(std::initializer_list<COLORREF> colours);
+
 // A logical palette with the given RGB colours, deleted with the object.
-class TestPalette {
+class TestPalette : public Scoped<HPALETTE> {
 public:
-    explicit TestPalette(std::initializer_list<COLORREF> colours);
-    ~TestPalette();
-    TestPalette(const TestPalette &) = delete;
-    TestPalette &operator=(const TestPalette &) = delete;
-
-    HPALETTE get() const { return m_palette; }
-    operator HPALETTE() const { return m_palette; }
-
-private:
-    HPALETTE m_palette;
+    explicit TestPalette(std::initializer_list<COLORREF> colours) : Scoped(PaletteOf(colours)) {}
 };
 
 // Fills the canvas with a fresh solid brush of `colour` and gives the

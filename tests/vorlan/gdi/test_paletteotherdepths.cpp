@@ -1,7 +1,3 @@
-// Colours and palettes on screens of other depths: the suites below need
-// an X server of their own, so the test binary runs them again as a child
-// under a private 8-bit (PseudoColor) or 16-bit server.  They are disabled
-// in the normal run, and skip when run by hand under another server.
 #include <gtest/gtest.h>
 
 #include "gdi/palette_test_helpers.h"
@@ -59,26 +55,21 @@ void ExpectChildSuitePassed(const ChildResult &result)
     EXPECT_EQ(result.out.find("[  FAILED  ]"), std::string::npos) << result.Transcript();
 }
 
-class PaletteOnPseudoColourScreen : public testing::Test {
+// Runs only in the child started under a server of `kDepth` bits, whose
+// visual must be of `kType`.
+template <int kDepth, GdkVisualType kType> class ScreenOfDepth : public testing::Test {
 protected:
     void SetUp() override
     {
-        if (!RunningUnderDepth("8"))
-            GTEST_SKIP() << "runs as a child under an 8-bit server";
-        ASSERT_EQ(gdk_visual_get_system()->type, GDK_VISUAL_PSEUDO_COLOR);
+        if (!RunningUnderDepth(std::to_string(kDepth).c_str()))
+            GTEST_SKIP() << "runs as a child under a " << kDepth << "-bit server";
+        ASSERT_EQ(gdk_visual_get_system()->type, kType);
+        ASSERT_EQ(gdk_visual_get_system()->depth, kDepth);
     }
 };
 
-class ColourOnSixteenBitScreen : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        if (!RunningUnderDepth("16"))
-            GTEST_SKIP() << "runs as a child under a 16-bit server";
-        ASSERT_EQ(gdk_visual_get_system()->type, GDK_VISUAL_TRUE_COLOR);
-        ASSERT_EQ(gdk_visual_get_system()->depth, 16);
-    }
-};
+using PaletteOnPseudoColourScreen = ScreenOfDepth<8, GDK_VISUAL_PSEUDO_COLOR>;
+using ColourOnSixteenBitScreen = ScreenOfDepth<16, GDK_VISUAL_TRUE_COLOR>;
 
 } // namespace
 

@@ -1,6 +1,3 @@
-// Selecting and realising palettes, the system palette calls on a
-// true-colour screen, nearest palette entries, and what bad palette
-// handles give.
 #include <gtest/gtest.h>
 
 #include "gdi/palette_test_helpers.h"
@@ -93,13 +90,4 @@ TEST(PaletteOnTrueColourScreen, PaletteCallsDoNothing)
         EXPECT_EQ(entries[0].peRed, 0xAB);
     }
     ReleaseDC(nullptr, screen);
-}
-
-TEST(NearestPaletteIndex, DefaultPaletteHasTheSystemColours)
-{
-    HPALETTE system = static_cast<HPALETTE>(GetStockObject(DEFAULT_PALETTE));
-    EXPECT_EQ(GetNearestPaletteIndex(system, RGB(0xA6, 0xCA, 0xF0)), 9u);
-    EXPECT_EQ(GetNearestPaletteIndex(system, RGB(0xFF, 0xFB, 0xF0)), 10u);
-    EXPECT_EQ(GetNearestPaletteIndex(system, RGB(0x00, 0xFF, 0x00)), 14u);
-    EXPECT_EQ(GetNearestPaletteIndex(system, RGB(0xFE, 0x01, 0x02)), 13u);
 }

@@ -1,7 +1,3 @@
-// Every context call given handles that are no live context: dead
-// contexts, forged tags, other objects' handles.  Each gives its failure
-// value, the checked calls leave error 87, nothing is drawn and nothing
-// crashes.
 #include <gtest/gtest.h>
 
 #include "forged_handles.h"
@@ -22,10 +18,7 @@ HDC Forge(ULONG_PTR value)
     return gdi_test::Forge<HDC>(value);
 }
 
-struct BadDC {
-    std::string what;
-    HDC hdc;
-};
+using BadDC = gdi_test::NamedHandle<HDC>;
 
 // Calls that check the handle: their failure value and error 87.
 template <typename T> void ExpectChecked(const char *call, T result, T failure)
@@ -64,7 +57,7 @@ void ExpectDrawingCallsFail(HDC h)
 void ExpectFailureEverywhere(const BadDC &bad)
 {
     SCOPED_TRACE(bad.what);
-    const HDC h = bad.hdc;
+    const HDC h = bad.handle;
     POINT pt = {1, 2};
     SIZE sz = {3, 4};
     HRGN region = CreateRectRgn(0, 0, 5, 5);
@@ -180,7 +173,7 @@ TEST(DeviceContextBadHandles, DeadAndForgedContextsFailEverywhere)
     HBRUSH brush = CreateSolidBrush(0);
     HRGN region = CreateRectRgn(0, 0, 1, 1);
     HBITMAP bitmap = CreateBitmap(2, 2, 1, 1, nullptr);
-    const std::vector<BadDC> handles = {
+    std::vector<BadDC> handles = {
         {"null", nullptr},
         {"deleted memory DC", dead},
         {"released window DC", deadWindow},
@@ -197,16 +190,11 @@ TEST(DeviceContextBadHandles, DeadAndForgedContextsFailEverywhere)
         {"memory DC under the pen tag", Forge(WithTag(live, OBJ_PEN))},
         {"memory DC under the enhanced metafile DC tag", Forge(WithTag(live, OBJ_ENHMETADC))},
         {"free slot under the DC tag", reinterpret_cast<HDC>(vorlan::MakeGdiHandle(OBJ_DC, FreeIndex()))},
-        {"free slot under the memory DC tag", reinterpret_cast<HDC>(vorlan::MakeGdiHandle(OBJ_MEMDC, FreeIndex()))},
         {"free slot under the metafile DC tag",
          reinterpret_cast<HDC>(vorlan::MakeGdiHandle(OBJ_METADC, FreeIndex()))},
-        {"memory DC with top byte 0x71", Forge(reinterpret_cast<ULONG_PTR>(live) + 0x01000000)},
-        {"memory DC with bits above 32", Forge(reinterpret_cast<ULONG_PTR>(live) | (ULONG_PTR(1) << 32))},
-        {"tag 0", Forge(WithTag(live, 0))},
-        {"tag 127", Forge(WithTag(live, 127))},
-        {"all ones", Forge(~ULONG_PTR(0))},
         {"small integer", Forge(3)},
     };
+    gdi_test::Append(handles, gdi_test::ForgeriesOf<HDC>(live, OBJ_MEMDC));
     for (const BadDC &bad : handles)
         ExpectFailureEverywhere(bad);
     // The live context the forged handles came from is unharmed.

@@ -1,5 +1,3 @@
-// Selecting objects into contexts: what comes back, which bitmaps a
-// context takes, and how long a deleted selected object lives.
 #include <gtest/gtest.h>
 
 #include "gdi/dc_test_helpers.h"
@@ -108,24 +106,6 @@ TEST(DeviceContextSelection, BitmapOfAnotherDepthOrIntoAWindowContextIsRefused)
     for (HBITMAP bitmap : {fourBits, deep, mono})
         EXPECT_TRUE(DeleteObject(bitmap));
     EXPECT_EQ(LiveType(mono), 0u);
-}
-
-TEST(DeviceContextSelection, SelectedBitmapBecomesTheDrawable)
-{
-    MemoryDC dc;
-    HBITMAP bitmap = CreateBitmap(24, 10, 1, GetDeviceCaps(dc, BITSPIXEL), nullptr);
-    SelectObject(dc, bitmap);
-    vorlan::GtkCriticalSection lock;
-    GdkPixmap *pixmap = GetGdkPixmap(bitmap);
-    ASSERT_NE(pixmap, nullptr);
-    gint width = 0;
-    gint height = 0;
-    gdk_drawable_get_size(pixmap, &width, &height);
-    EXPECT_EQ(width, 24);
-    EXPECT_EQ(height, 10);
-    EXPECT_EQ(GetDeviceCaps(dc, NUMCOLORS) != -1, true);
-    SelectObject(dc, GetStockObject(21));
-    DeleteObject(bitmap);
 }
 
 TEST(DeviceContextSelection, PalettesAndOtherHandlesAreNotSelectable)

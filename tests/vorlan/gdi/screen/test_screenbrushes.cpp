@@ -1,5 +1,3 @@
-// Brushes on a screen context: solid, hatched, pattern and DIB pattern
-// fills, the brush origin, and the colours of mono patterns.
 #include <gtest/gtest.h>
 
 #include "gdi/screen/canvas.h"

@@ -1,5 +1,3 @@
-// Clip regions cut the screen context's drawing exactly at their edges,
-// and the region painting calls leave the pixels of their regions.
 #include <gtest/gtest.h>
 
 #include "gdi/screen/canvas.h"

@@ -1,11 +1,20 @@
-// Lines on a screen context: where LineTo and Polyline put their pixels,
-// the current position, and how pen styles, widths and the background
-// mode show.
 #include <gtest/gtest.h>
 
 #include "gdi/screen/canvas.h"
 
 using namespace vorlan_test;
+
+namespace {
+
+// Moves the current position to (x, y) and gives the one it left.
+std::string PositionLeft(HDC hdc, int x, int y)
+{
+    POINT from = {};
+    MoveToEx(hdc, x, y, &from);
+    return "(" + std::to_string(from.x) + "," + std::to_string(from.y) + ")";
+}
+
+} // namespace
 
 TEST(ScreenLines, LinesInEveryDirectionLeaveOutTheirLastPixel)
 {
@@ -14,10 +23,7 @@ TEST(ScreenLines, LinesInEveryDirectionLeaveOutTheirLastPixel)
     EXPECT_TRUE(LineTo(canvas, 20, 5));
     EXPECT_EQ(canvas.Row(5, 9, 21, kBlack), ".##########..");
     EXPECT_EQ(canvas.Row(4, 9, 21, kBlack), ".............");
-    POINT current = {};
-    MoveToEx(canvas, 3, 2, &current);
-    EXPECT_EQ(current.x, 20);
-    EXPECT_EQ(current.y, 5);
+    EXPECT_EQ(PositionLeft(canvas, 3, 2), "(20,5)");
     LineTo(canvas, 3, 8);
     EXPECT_EQ(canvas.Column(3, 1, 9, kBlack), ".######..");
     MoveToEx(canvas, 20, 12, nullptr);
@@ -39,9 +45,7 @@ TEST(ScreenLines, LineToTheCurrentPositionDrawsNothingAndANullPenFails)
     canvas.UsePen(CreatePen(PS_NULL, 1, kBlack));
     MoveToEx(canvas, 1, 1, nullptr);
     EXPECT_FALSE(LineTo(canvas, 9, 1));
-    POINT current = {};
-    MoveToEx(canvas, 0, 0, &current);
-    EXPECT_EQ(current.x, 1) << "the position is kept";
+    EXPECT_EQ(PositionLeft(canvas, 0, 0), "(1,1)") << "the position is kept";
     EXPECT_EQ(canvas.Count(kBlack), 0);
 }
 
@@ -54,10 +58,7 @@ TEST(ScreenLines, PolylineKeepsItsEndPointAndTheCurrentPosition)
     EXPECT_TRUE(Polyline(canvas, points, 3));
     EXPECT_EQ(canvas.Row(2, 1, 13, kRed), ".###########.");
     EXPECT_EQ(canvas.Column(12, 1, 9, kRed), ".#######.");
-    POINT current = {};
-    MoveToEx(canvas, 0, 0, &current);
-    EXPECT_EQ(current.x, 30);
-    EXPECT_EQ(current.y, 30);
+    EXPECT_EQ(PositionLeft(canvas, 0, 0), "(30,30)");
 }
 
 TEST(ScreenLines, LinesFollowTheMapping)

@@ -1,4 +1,3 @@
-// Pixels, pattern blits and mix modes on a screen context.
 #include <gtest/gtest.h>
 
 #include "gdi/screen/canvas.h"

@@ -1,6 +1,3 @@
-// Filled shapes on a screen context: which pixels the pen and the brush
-// take for rectangles, ellipses, round rectangles, arcs, pies, chords and
-// polygons.
 #include <gtest/gtest.h>
 
 #include "gdi/screen/canvas.h"
@@ -71,10 +68,7 @@ TEST(ScreenRectangles, RoundRectRoundsItsCornersOnly)
     UseRedPenBlueBrush(canvas);
     EXPECT_TRUE(RoundRect(canvas, 0, 0, 30, 20, 4, 4));
     // Straight sides between the corners, a free corner pixel.
-    EXPECT_EQ(canvas.At(15, 0), kRed);
-    EXPECT_EQ(canvas.At(15, 20), kRed);
-    EXPECT_EQ(canvas.At(0, 10), kRed);
-    EXPECT_EQ(canvas.At(30, 10), kRed);
+    EXPECT_EQ(canvas.NotAll(kRed, {{15, 0}, {15, 20}, {0, 10}, {30, 10}}), "");
     EXPECT_EQ(canvas.At(0, 0), kWhite);
     EXPECT_EQ(canvas.At(15, 10), kBlue);
 }
@@ -85,14 +79,9 @@ TEST(ScreenEllipses, EllipseTouchesItsBoxAtTheExtremePoints)
     UseRedPenBlueBrush(canvas);
     EXPECT_TRUE(Ellipse(canvas, 0, 0, 20, 10));
     // GDK's box is (l, t, r - l, b - t): the outline reaches r and b.
-    EXPECT_EQ(canvas.At(0, 5), kRed);
-    EXPECT_EQ(canvas.At(20, 5), kRed);
-    EXPECT_EQ(canvas.At(10, 0), kRed);
-    EXPECT_EQ(canvas.At(10, 10), kRed);
+    EXPECT_EQ(canvas.NotAll(kRed, {{0, 5}, {20, 5}, {10, 0}, {10, 10}}), "");
     EXPECT_EQ(canvas.At(10, 5), kBlue);
-    EXPECT_EQ(canvas.At(0, 0), kWhite);
-    EXPECT_EQ(canvas.At(20, 10), kWhite);
-    EXPECT_EQ(canvas.At(21, 5), kWhite);
+    EXPECT_EQ(canvas.NotAll(kWhite, {{0, 0}, {20, 10}, {21, 5}}), "");
 }
 
 // From the right (0 degrees) to the top (90): the upper right quarter.
@@ -101,10 +90,8 @@ TEST(ScreenEllipses, ArcAndPieTakeOnlyTheCounterClockwiseSpan)
     Canvas arc;
     arc.UsePen(CreatePen(PS_SOLID, 1, kRed));
     EXPECT_TRUE(Arc(arc, 0, 0, 20, 20, 20, 10, 10, 0));
-    EXPECT_EQ(arc.At(20, 9), kRed);
-    EXPECT_EQ(arc.At(11, 0), kRed);
-    EXPECT_EQ(arc.At(0, 10), kWhite);
-    EXPECT_EQ(arc.At(10, 20), kWhite);
+    EXPECT_EQ(arc.NotAll(kRed, {{20, 9}, {11, 0}}), "");
+    EXPECT_EQ(arc.NotAll(kWhite, {{0, 10}, {10, 20}}), "");
     EXPECT_EQ(arc.Count(kBlue), 0);
 
     // The pie fills its slice and draws both radii.
@@ -114,9 +101,7 @@ TEST(ScreenEllipses, ArcAndPieTakeOnlyTheCounterClockwiseSpan)
     EXPECT_EQ(canvas.Row(10, 10, 19, kRed), "##########");
     EXPECT_EQ(canvas.Column(10, 1, 10, kRed), "##########");
     EXPECT_EQ(canvas.At(14, 6), kBlue);
-    EXPECT_EQ(canvas.At(5, 14), kWhite);
-    EXPECT_EQ(canvas.At(5, 6), kWhite);
-    EXPECT_EQ(canvas.At(14, 14), kWhite);
+    EXPECT_EQ(canvas.NotAll(kWhite, {{5, 14}, {5, 6}, {14, 14}}), "");
 }
 
 TEST(ScreenEllipses, PieAndChordWithEqualRadialPointsDrawTheWholeEllipse)
@@ -168,22 +153,18 @@ TEST(ScreenPolygons, FillModeDecidesTheInsideOfCrossingShapes)
     // inner one empty, winding fills it.
     const POINT points[] = {{0, 0}, {20, 0}, {20, 20}, {0, 20}, {5, 5}, {15, 5}, {15, 15}, {5, 15}};
     const INT counts[] = {4, 4};
-    Canvas alternate;
-    alternate.UsePen(CreatePen(PS_NULL, 1, kBlack));
-    alternate.UseBrush(CreateSolidBrush(kBlue));
-    EXPECT_EQ(SetPolyFillMode(alternate, ALTERNATE), ALTERNATE);
-    EXPECT_TRUE(PolyPolygon(alternate, points, counts, 2));
-    EXPECT_EQ(alternate.At(2, 10), kBlue);
-    EXPECT_EQ(alternate.At(10, 10), kWhite);
-
-    Canvas winding;
-    winding.UsePen(CreatePen(PS_NULL, 1, kBlack));
-    winding.UseBrush(CreateSolidBrush(kBlue));
-    EXPECT_EQ(SetPolyFillMode(winding, WINDING), ALTERNATE);
-    EXPECT_EQ(GetPolyFillMode(winding), WINDING);
-    EXPECT_TRUE(PolyPolygon(winding, points, counts, 2));
-    EXPECT_EQ(winding.At(2, 10), kBlue);
-    EXPECT_EQ(winding.At(10, 10), kBlue);
+    Canvas canvas;
+    canvas.UsePen(CreatePen(PS_NULL, 1, kBlack));
+    canvas.UseBrush(CreateSolidBrush(kBlue));
+    EXPECT_EQ(SetPolyFillMode(canvas, ALTERNATE), ALTERNATE);
+    EXPECT_TRUE(PolyPolygon(canvas, points, counts, 2));
+    EXPECT_EQ(canvas.At(2, 10), kBlue);
+    EXPECT_EQ(canvas.At(10, 10), kWhite);
+    canvas.Clear();
+    EXPECT_EQ(SetPolyFillMode(canvas, WINDING), ALTERNATE);
+    EXPECT_EQ(GetPolyFillMode(canvas), WINDING);
+    EXPECT_TRUE(PolyPolygon(canvas, points, counts, 2));
+    EXPECT_EQ(canvas.NotAll(kBlue, {{2, 10}, {10, 10}}), "");
 }
 
 TEST(ScreenPolygons, PolyPolygonRefusesBadArgumentsAndLeavesTheClipAsItWas)

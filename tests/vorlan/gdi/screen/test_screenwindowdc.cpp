@@ -1,6 +1,3 @@
-// Drawing on window contexts of real, mapped windows: pixels land in the
-// X window, the output bounds move and cut the context's space, and the
-// device answers its capabilities.
 #include <gtest/gtest.h>
 
 #include "gdi/dc_test_helpers.h"
