@@ -29,6 +29,22 @@ TEST(RegionPainting, FillKeepsTheClipAndTheSelection)
         DeleteObject(object);
 }
 
+// The region is in logical units: it moves with the viewport origin.
+TEST(RegionPainting, FillFollowsTheViewportOrigin)
+{
+    Canvas canvas;
+    HBRUSH brush = CreateSolidBrush(kBlue);
+    HRGN region = CreateRectRgn(10, 10, 12, 12);
+    SetViewportOrgEx(canvas, 5, 7, nullptr);
+    EXPECT_TRUE(FillRgn(canvas, region, brush));
+    SetViewportOrgEx(canvas, 0, 0, nullptr);
+    EXPECT_EQ(canvas.Count(kBlue), 4);
+    EXPECT_EQ(canvas.Row(17, 14, 17, kBlue), ".##.");
+    EXPECT_EQ(canvas.Row(18, 14, 17, kBlue), ".##.");
+    DeleteObject(region);
+    DeleteObject(brush);
+}
+
 TEST(RegionPainting, EmptyOrBadRegionsAndBrushesPaintNothing)
 {
     Canvas canvas;
