@@ -12,7 +12,7 @@
 #include <benchmark/benchmark.h>
 
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlpostmessage.h"
+#include "gtk/vorlmessage.h"
 #include "gtk/vorltestwindows.h"
 #include "gtk/vorlthread.h"
 

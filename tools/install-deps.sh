@@ -9,7 +9,7 @@ packages=(
   libgtk2.0-dev libglib2.0-dev libx11-dev libicu-dev libcups2-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   binutils-mingw-w64-x86-64
-  xvfb openbox x11-utils xauth imagemagick
+  xvfb openbox x11-utils xauth imagemagick universal-ctags
   cups cups-bsd cups-client ghostscript
 )
 

@@ -5,21 +5,19 @@
 
 #include <windows.h>
 
-#include "vorlinternal.h"
-
 // DefWindowProcA/W without the lock: the caller holds it.
-VORLAN_INTERNAL LRESULT DefWindowProcAW(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam, BOOL wide);
+LRESULT DefWindowProcAW(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam, BOOL wide);
 
 // The private messages of focus, foreground and XEmbed (1015 to 1021).
-VORLAN_INTERNAL LRESULT DefPrivateMessage(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
+LRESULT DefPrivateMessage(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
 
 // Sends WM_ACTIVATEAPP with lParam as wParam to one top-level window;
 // TRUE so that an enumeration goes on.
-VORLAN_INTERNAL BOOL CALLBACK NotifyAppActivation(HWND hWnd, LPARAM lParam);
+BOOL CALLBACK NotifyAppActivation(HWND hWnd, LPARAM lParam);
 
 // The non-client frame: the client rectangle of a window rectangle, and
 // the part of the window a screen point lies in.
-VORLAN_INTERNAL void DefNCCalcSize(HWND hWnd, RECT *rect);
-VORLAN_INTERNAL LRESULT DefNCHitTest(HWND hWnd, POINT pt);
+void DefNCCalcSize(HWND hWnd, RECT *rect);
+LRESULT DefNCHitTest(HWND hWnd, POINT pt);
 
 #endif // VORLAN_VORLDEFWINDOWPROC_H

@@ -9,12 +9,10 @@
 #include <windows.h>
 #include <vorlwchar.h>
 
-#include "vorlinternal.h"
-
 // Compares two terminated strings, folding only "A" to "Z" to lower case.
 // Stops at the first difference or at the end of `a`; the result is the
 // difference of the two folded units.  A null string counts as empty.
-VORLAN_INTERNAL int ascii_lstrcmpiW(const WCHAR *a, const WCHAR *b);
+int ascii_lstrcmpiW(const WCHAR *a, const WCHAR *b);
 
 namespace vorlan {
 

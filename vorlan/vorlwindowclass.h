@@ -1,14 +1,13 @@
 // The window class record.  Classes are keyed by their atom alone and are
 // process-wide; a class names its window procedure by a procedure id, a
 // small integer that stands for an ANSI and a wide procedure pair.
-#ifndef VORLAN_VORLWINDOWCLASS_H
-#define VORLAN_VORLWINDOWCLASS_H
+#ifndef VORLAN_VORLAN_VORLWINDOWCLASS_H
+#define VORLAN_VORLAN_VORLWINDOWCLASS_H
 
 #include <windows.h>
 #include <vorlan.h>
 
-#include "vorlinternal.h"
-
+#include "gtk/vorlwindowlong.h"
 struct WindowClass {
     WindowClass *pNext;     // next in the class list
     ATOM atom;              // the class's only key
@@ -46,11 +45,11 @@ struct WindowClassFields {
 // Makes the record of a new class and links it at the tail of the list.
 // Null on failure, with the error set: 1410 when the atom names a class
 // already, 87 for negative extra sizes, 14 when out of memory.
-VORLAN_INTERNAL WindowClass *RegisterClassCore(ATOM atom, const WindowClassFields &fields);
+WindowClass *RegisterClassCore(ATOM atom, const WindowClassFields &fields);
 
 // Unlinks the class of the atom and frees its record and menu name copy;
 // false when no class has the atom.  The atom itself is the caller's.
-VORLAN_INTERNAL bool WindowClass_Remove(ATOM atom);
+bool WindowClass_Remove(ATOM atom);
 
 // The extra bytes that follow the record.
 inline BYTE *ClassExtraBytes(WindowClass *wc)
@@ -58,4 +57,20 @@ inline BYTE *ClassExtraBytes(WindowClass *wc)
     return reinterpret_cast<BYTE *>(wc + 1);
 }
 
-#endif // VORLAN_VORLWINDOWCLASS_H
+// ----------------------------------------------------------------------------
+// The cores of GetClassLong and SetClassLong and of their pointer-sized
+// forms.  The caller holds the toolkit lock.
+//
+// Where a LONG cannot hold a pointer the 32-bit forms refuse the indexes
+// that hold pointers or handles (error 1413), as the window longs do.  The
+// class extra bytes and the indexes without a field read and write nothing
+// and give 0.
+
+namespace vorlan {
+
+ULONG_PTR GetClassLongCore(HWND hWnd, int index, BOOL wide, LongWidth width);
+ULONG_PTR SetClassLongCore(HWND hWnd, int index, LONG_PTR value, BOOL wide, LongWidth width);
+
+} // namespace vorlan
+
+#endif // VORLAN_VORLAN_VORLWINDOWCLASS_H

@@ -7,12 +7,10 @@
 // Entries are never freed or changed once written, and the table grows by
 // distinct procedures, not by windows: every window with the same
 // procedure shares one entry.
-#ifndef VORLAN_VORLWINDOWPROC_H
-#define VORLAN_VORLWINDOWPROC_H
+#ifndef VORLAN_VORLAN_VORLWINDOWPROC_H
+#define VORLAN_VORLAN_VORLWINDOWPROC_H
 
 #include <windows.h>
-
-#include "vorlinternal.h"
 
 #include <atomic>
 #include <mutex>
@@ -28,21 +26,63 @@ constexpr UINT kMaxWndProcs = 1024;
 
 // Entries [0, g_nWndProcCount) are in use.  A writer fills an entry before
 // it publishes the new count, so readers need no lock.
-extern VORLAN_INTERNAL WndProcEntry g_arrWndProcs[kMaxWndProcs];
-extern VORLAN_INTERNAL std::atomic<UINT> g_nWndProcCount;
+extern WndProcEntry g_arrWndProcs[kMaxWndProcs];
+extern std::atomic<UINT> g_nWndProcCount;
 // Guards the search and growth in AllocWndProcId, nothing else.
-extern VORLAN_INTERNAL std::mutex g_wndProcMutex;
+extern std::mutex g_wndProcMutex;
 
 // The id of the entry for the pair (either may be null, not both), made
 // on demand; 0 when the table is full.  A lone default procedure gets its
 // other half, so it never needs a conversion thunk.
-VORLAN_INTERNAL UINT AllocWndProcId(WNDPROC pWndProcA, WNDPROC pWndProcW);
+UINT AllocWndProcId(WNDPROC pWndProcA, WNDPROC pWndProcW);
 // The value is a procedure id rather than an address.
-VORLAN_INTERNAL BOOL IsWndProcId(LONG_PTR value);
+BOOL IsWndProcId(LONG_PTR value);
 // Fills the sides asked for (either pointer may be null); FALSE for a bad id.
-VORLAN_INTERNAL BOOL GetRealWndProc(UINT id, WNDPROC *pWndProcA, WNDPROC *pWndProcW);
+BOOL GetRealWndProc(UINT id, WNDPROC *pWndProcA, WNDPROC *pWndProcW);
 // The side of a valid id's pair that `wide` asks for, or the id itself when
 // that side is missing: a value that only CallWindowProc understands.
-VORLAN_INTERNAL LONG_PTR GetWndProc(UINT nIdWndProc, BOOL wide);
+LONG_PTR GetWndProc(UINT nIdWndProc, BOOL wide);
 
-#endif // VORLAN_VORLWINDOWPROC_H
+// ----------------------------------------------------------------------------
+// The conversion thunks between a caller of one character form and a
+// window procedure of the other.  Text parameters are converted both ways
+// for the messages that carry text; every other message passes unchanged.
+// The procedure must be a real address.  Both run without the toolkit
+// lock, like the procedure itself.
+
+// A wide caller reaches an ANSI procedure.
+LRESULT CallWindowProcW2A(WNDPROC pWndProcA, HWND hWnd, UINT message, WPARAM wParam,
+                                          LPARAM lParam);
+// An ANSI caller reaches a wide procedure.
+LRESULT CallWindowProcA2W(WNDPROC pWndProcW, HWND hWnd, UINT message, WPARAM wParam,
+                                          LPARAM lParam);
+
+namespace vorlan {
+
+// The text messages whose lParam is one terminated string and whose wParam
+// passes unchanged.
+inline bool IsPlainStringMessage(UINT message)
+{
+    switch (message) {
+    case EM_REPLACESEL:
+    case LB_ADDSTRING:
+    case LB_INSERTSTRING:
+    case LB_SELECTSTRING:
+    case LB_FINDSTRING:
+    case LB_FINDSTRINGEXACT:
+        return true;
+    default:
+        return false;
+    }
+}
+
+// A class name of a CREATESTRUCT is a string when its high word is not 0,
+// otherwise an atom.
+template <typename Char> bool IsClassNameString(const Char *name)
+{
+    return (reinterpret_cast<ULONG_PTR>(name) >> 16) != 0;
+}
+
+} // namespace vorlan
+
+#endif // VORLAN_VORLAN_VORLWINDOWPROC_H

@@ -10,8 +10,8 @@
 #include <thread>
 #include <vector>
 
-#include "expect_last_error.h"
-#include "locale_child.h"
+#include "support/expect_last_error.h"
+#include "support/locale_child.h"
 
 namespace {
 

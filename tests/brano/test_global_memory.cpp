@@ -1,7 +1,7 @@
 // GlobalAlloc and friends, and the host's plain OSLocalAlloc blocks.
 #include <windows.h>
 
-#include "expect_last_error.h"
+#include "support/expect_last_error.h"
 
 #include <cstdint>
 #include <cstring>

@@ -1,7 +1,7 @@
 // Hook chains, CallNextHookEx and CallMsgFilter.
 #include <windows.h>
 
-#include "expect_last_error.h"
+#include "support/expect_last_error.h"
 
 #include <condition_variable>
 #include <cstdint>

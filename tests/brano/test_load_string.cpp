@@ -2,7 +2,7 @@
 #include <windows.h>
 
 #include "resources/test_resource_ids.h"
-#include "expect_last_error.h"
+#include "support/expect_last_error.h"
 
 #include <cstring>
 #include <gtest/gtest.h>

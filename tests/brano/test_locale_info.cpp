@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "expect_last_error.h"
-#include "locale_child.h"
+#include "support/expect_last_error.h"
+#include "support/locale_child.h"
 
 namespace {
 

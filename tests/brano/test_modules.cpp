@@ -1,7 +1,7 @@
 // Module handles are load addresses of ELF objects; names resolve to them.
 #include <windows.h>
 
-#include "expect_last_error.h"
+#include "support/expect_last_error.h"
 
 #include <cstring>
 #include <dlfcn.h>

@@ -2,7 +2,7 @@
 // resource files built in memory).
 #include <windows.h>
 
-#include "expect_last_error.h"
+#include "support/expect_last_error.h"
 #include "resources/test_resource_ids.h"
 
 #include <cstdint>

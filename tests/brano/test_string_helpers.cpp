@@ -7,8 +7,8 @@
 #include <cstring>
 #include <string>
 
-#include "expect_last_error.h"
-#include "locale_child.h"
+#include "support/expect_last_error.h"
+#include "support/locale_child.h"
 
 namespace {
 

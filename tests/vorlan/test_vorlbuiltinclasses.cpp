@@ -1,7 +1,7 @@
 // The classes registered at start-up and windows of those classes.
 #include <gtest/gtest.h>
 
-#include "../brano/expect_last_error.h"
+#include "support/expect_last_error.h"
 #include "vorlcontrolprocs.h"
 #include "vorlwindowclass.h"
 
@@ -10,14 +10,6 @@
 #include <string>
 
 namespace {
-
-std::u16string Wide(const WCHAR *text)
-{
-    std::u16string result;
-    for (; *text != 0; ++text)
-        result.push_back(static_cast<char16_t>(*text));
-    return result;
-}
 
 std::u16string Wide(const char *text)
 {
@@ -86,17 +78,3 @@ TEST(BuiltinClasses, EveryControlClassMakesAWindow)
     }
 }
 
-// Applications link against the class tables and names by their plain
-// names, so they must stay exported as such.
-TEST(BuiltinClasses, TablesAndNamesAreExportedUnderTheirPlainNames)
-{
-    for (const char *symbol :
-         {"g_staticClass", "g_buttonClass", "g_editClass", "g_listboxClass", "g_comboClass", "g_scrollBarClass",
-          "g_menuClass", "wszButtonClass", "wszComboboxClass", "wszDialogClass", "wszEditClass", "wszListboxClass",
-          "wszScrollbarClass", "wszStaticClass", "WindowClass_RegisterBuiltins", "WindowClass_FindClass"})
-        EXPECT_NE(dlsym(RTLD_DEFAULT, symbol), nullptr) << symbol;
-    EXPECT_EQ(dlsym(RTLD_DEFAULT, "g_staticClass"), static_cast<const void *>(&g_staticClass));
-    EXPECT_EQ(Wide(wszButtonClass), u"Button");
-    EXPECT_EQ(Wide(wszDialogClass), u"#32770");
-    EXPECT_EQ(Wide(wszStaticClass), u"Static");
-}

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "vorlcharset.h"
+#include "vorltextencoding.h"
 
 #include <cstdlib>
 #include <optional>

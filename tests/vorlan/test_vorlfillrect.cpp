@@ -2,7 +2,7 @@
 // context pixel by pixel.
 #include <gtest/gtest.h>
 
-#include "gdi/screen/canvas.h"
+#include "support/canvas.h"
 
 using namespace vorlan_test;
 

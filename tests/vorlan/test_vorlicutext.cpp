@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "../brano/expect_last_error.h"
-#include "vorlicutext.h"
+#include "support/expect_last_error.h"
+#include "vorltextencoding.h"
 
 #include <cstring>
 #include <string>

@@ -2,7 +2,7 @@
 // AdjustWindowRectEx.
 #include <gtest/gtest.h>
 
-#include "../brano/expect_last_error.h"
+#include "support/expect_last_error.h"
 #include "support/message_recorder.h"
 
 #include <initializer_list>

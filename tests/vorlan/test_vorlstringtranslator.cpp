@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "vorlstringtranslator.h"
+#include "vorltextencoding.h"
 
 #include <cstddef>
 #include <string>

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "vorlutf8.h"
+#include "vorltextencoding.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 // Window class registration, the GCL_ fields and class names.
 #include <gtest/gtest.h>
 
-#include "../brano/expect_last_error.h"
+#include "support/expect_last_error.h"
 #include "gtk/vorlglobals.h"
 #include "gtk/vorlgtklock.h"
 #include "support/window_objects.h"

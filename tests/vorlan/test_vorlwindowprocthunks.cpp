@@ -4,7 +4,6 @@
 
 #include "support/child_process.h"
 #include "vorlwindowproc.h"
-#include "vorlwindowprocthunks.h"
 
 #include <vorlwchar.h>
 

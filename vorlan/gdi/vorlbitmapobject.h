@@ -4,15 +4,13 @@
 
 #include <windows.h>
 
-#include "vorlinternal.h"
-
 namespace vorlan {
 
 // A new plain bitmap with the size, planes and depth of `hbm` and a copy
 // of its bits, which the caller owns; 0 when `hbm` is no live bitmap or
 // memory runs out.  Pixels that live only in the source's pixmap are not
 // copied.  The caller holds the toolkit lock.
-VORLAN_INTERNAL HBITMAP bitmapCopy(HBITMAP hbm);
+HBITMAP bitmapCopy(HBITMAP hbm);
 
 } // namespace vorlan
 

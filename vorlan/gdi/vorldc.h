@@ -14,19 +14,17 @@
 //         VorlPSContext             OBJ_DC, PostScript
 //
 // Every operation expects its caller to hold the toolkit lock.
-#ifndef VORLAN_GDI_VORLDC_H
-#define VORLAN_GDI_VORLDC_H
+#ifndef VORLAN_VORLAN_GDI_VORLDC_H
+#define VORLAN_VORLAN_GDI_VORLDC_H
 
 #include <windows.h>
 
 #include "gdi/vorlgdiobject.h"
+#include "gtk/vorlgtklock.h"
 #include "gtk/vorlpumpdeps.h"
-#include "vorlinternal.h"
-
 #include <gdk-pixbuf/gdk-pixbuf.h>
 #include <gdk/gdk.h>
 #include <pango/pango.h>
-
 #include <deque>
 
 namespace vorlan {
@@ -38,7 +36,7 @@ constexpr int kDCObjectSlots = 15;
 // entry of the save stack.  Plain data, copied bytewise; a saved copy holds
 // a saved-state reference on each of its objects and a clip region of its
 // own.
-struct VORLAN_INTERNAL DCState {
+struct DCState {
     DCState();
 
     int nBkMode;
@@ -72,7 +70,7 @@ struct VORLAN_INTERNAL DCState {
     void decreaseObjectRef();
 };
 
-class VORLAN_INTERNAL DeviceContext : public GdiObject {
+class DeviceContext : public GdiObject {
 public:
     explicit DeviceContext(UINT type) : GdiObject(type), deleteProc(nullptr), deleteProcData(nullptr) {}
     ~DeviceContext() override = default;
@@ -184,7 +182,7 @@ public:
     HWND deleteProcData;
 };
 
-class VORLAN_INTERNAL CommonDeviceContext : public DeviceContext {
+class CommonDeviceContext : public DeviceContext {
 public:
     // Takes the table slot, empty save stack, default state and mapping.
     // The subclass makes the Pango context and calls initObj.
@@ -382,66 +380,95 @@ private:
 
 // The handle names a live context (OBJ_DC, OBJ_MEMDC, OBJ_METADC); otherwise
 // SetLastError(87) and FALSE.
-VORLAN_INTERNAL BOOL IsValidHDC(HDC hdc);
+BOOL IsValidHDC(HDC hdc);
 // The context of a handle with one of those tags, or null; sets no error.
-VORLAN_INTERNAL DeviceContext *GetDeviceContext(HDC hdc);
+DeviceContext *GetDeviceContext(HDC hdc);
 // The same, when the context is a screen or printer context.
-VORLAN_INTERNAL CommonDeviceContext *GetCommonDeviceContext(HDC hdc);
+CommonDeviceContext *GetCommonDeviceContext(HDC hdc);
 
 // ---- Geometry helpers ----------------------------------------------------
 
 // A negative width or height moves into the origin and becomes positive.
-VORLAN_INTERNAL void NormalizeXYWH(int &x, int &y, int &w, int &h);
+void NormalizeXYWH(int &x, int &y, int &w, int &h);
 // Left at most right, top at most bottom.
-VORLAN_INTERNAL void NormalizeRect(RECT &rc);
+void NormalizeRect(RECT &rc);
 // Centre and the angles of the two radial points of an arc, whole degrees
 // on the circle; a2 is at least a1.
-VORLAN_INTERNAL void calcRadial(int &cx, int &cy, int l, int t, int r, int b, int x1, int y1, int x2, int y2,
+void calcRadial(int &cx, int &cy, int l, int t, int r, int b, int x1, int y1, int x2, int y2,
                                 int &a1, int &a2);
 // Mirrors a pixbuf in place: horizontally, vertically or both.
-VORLAN_INTERNAL void MirrorImage(GdkPixbuf *pixbuf, BOOL flipX, BOOL flipY);
+void MirrorImage(GdkPixbuf *pixbuf, BOOL flipX, BOOL flipY);
 // A zeroed buffer long enough for a path name; the caller frees it with
 // delete[].  `size` receives its size when given.
-VORLAN_INTERNAL char *pathAlloc(int *size);
+char *pathAlloc(int *size);
 // The drawable is the root window of the default screen.
-VORLAN_INTERNAL BOOL IsRootWindow(GdkDrawable *drawable);
+BOOL IsRootWindow(GdkDrawable *drawable);
 
 // ---- Mapping helpers -------------------------------------------------------
 
 // Transform arithmetic.  InvertXform leaves `out` alone and returns false
 // when the transform has no usable inverse.
-VORLAN_INTERNAL BOOL InvertXform(const XFORM &in, XFORM &out);
+BOOL InvertXform(const XFORM &in, XFORM &out);
 // One point through a transform, rounded half up, saturated to a LONG.
-VORLAN_INTERNAL POINT TransformPoint(const XFORM &xform, LONG x, LONG y);
+POINT TransformPoint(const XFORM &xform, LONG x, LONG y);
 
 // Each takes a context handle and returns 0 for anything that isn't one.
 // One point through LPtoDP, in place.
-VORLAN_INTERNAL BOOL transforXY(HDC hdc, int *x, int *y);
+BOOL transforXY(HDC hdc, int *x, int *y);
 // (x, y) and (x + w, y + h) through LPtoDP; w and h become the signed
 // differences.
-VORLAN_INTERNAL BOOL transforWidthAndHeight(HDC hdc, int *x, int *y, int *w, int *h);
+BOOL transforWidthAndHeight(HDC hdc, int *x, int *y, int *w, int *h);
 // A size through LPtoDP or DPtoLP as the absolute difference of the images
 // of (0, 0) and (cx, cy); either pointer may be null.
-VORLAN_INTERNAL BOOL TransLPSize2DPSize(HDC hdc, int *cx, int *cy);
-VORLAN_INTERNAL BOOL TransDPSize2LPSize(HDC hdc, int *cx, int *cy);
+BOOL TransLPSize2DPSize(HDC hdc, int *cx, int *cy);
+BOOL TransDPSize2LPSize(HDC hdc, int *cx, int *cy);
 
 // Flips of a rectangle inside a height or width, no context involved.
-VORLAN_INTERNAL void UpsetRectangle(int height, RECT *rc);
-VORLAN_INTERNAL void LeftRightRectangle(int width, RECT *rc);
+void UpsetRectangle(int height, RECT *rc);
+void LeftRightRectangle(int width, RECT *rc);
 
 // ---- Regions the contexts keep --------------------------------------------
 
 // A new region object with the same area as `region`, or 0.
-VORLAN_INTERNAL HRGN CopyRegionObject(HRGN region);
+HRGN CopyRegionObject(HRGN region);
 // Replaces the area of `dest` by that of `source`; false for bad handles.
-VORLAN_INTERNAL BOOL CopyRegionArea(HRGN dest, HRGN source);
+BOOL CopyRegionArea(HRGN dest, HRGN source);
 // Gives `dest` the area `area`, which it takes over; false (and `area`
 // destroyed) when `dest` is no live region.
-VORLAN_INTERNAL BOOL ReplaceRegionArea(HRGN dest, GdkRegion *area);
+BOOL ReplaceRegionArea(HRGN dest, GdkRegion *area);
 
 } // namespace vorlan
 
 // The virtual RealizeObject of the context; 0 for a bad handle.
-VORLAN_INTERNAL DHANDLE RealizeObject(HDC hdc, HGDIOBJ object);
+DHANDLE RealizeObject(HDC hdc, HGDIOBJ object);
 
-#endif // VORLAN_GDI_VORLDC_H
+// ----------------------------------------------------------------------------
+// The shape of an exported context call: take the toolkit lock, check the
+// handle, and make one virtual call on the context, or give the call's
+// failure value.
+
+namespace vorlan {
+
+// A handle that isn't a live context sets error 87 and gives `failure`.
+template <typename Result, typename Call> Result CallOnDC(HDC hdc, Result failure, Call call)
+{
+    GtkCriticalSection lock;
+    if (!IsValidHDC(hdc))
+        return failure;
+    return call(GetDeviceContext(hdc));
+}
+
+// For the calls that expect a valid context and so set no error: a handle
+// that isn't one still only gives `failure`.
+template <typename Result, typename Call> Result CallOnTrustedDC(HDC hdc, Result failure, Call call)
+{
+    GtkCriticalSection lock;
+    DeviceContext *context = GetDeviceContext(hdc);
+    if (context == nullptr)
+        return failure;
+    return call(context);
+}
+
+} // namespace vorlan
+
+#endif // VORLAN_VORLAN_GDI_VORLDC_H

@@ -1,5 +1,6 @@
 // Exported drawing calls: lines, shapes, pixels, pattern blits, flood fills.
-#include "gdi/vorldccall.h"
+#include "gdi/vorldc.h"
+#include "vorlassert.h"
 
 #include <vector>
 
@@ -174,3 +175,54 @@ BOOL WINAPI ExtFloodFill(HDC hdc, int x, int y, COLORREF color, UINT type)
 {
     return CallOnDC(hdc, FALSE, [&](DeviceContext *dc) { return dc->ExtFloodFill(x, y, color, type); });
 }
+
+// The shapes and colour updates every concrete context must draw itself.
+
+namespace vorlan {
+
+BOOL CommonDeviceContext::LineTo(int, int)
+{
+    VORLAN_FAIL("false");
+}
+
+BOOL CommonDeviceContext::Polyline(const POINT *, int)
+{
+    VORLAN_FAIL("false");
+}
+
+BOOL CommonDeviceContext::Rectangle(int, int, int, int)
+{
+    VORLAN_FAIL("false");
+}
+
+BOOL CommonDeviceContext::RoundRect(int, int, int, int, int, int)
+{
+    VORLAN_FAIL("false");
+}
+
+BOOL CommonDeviceContext::Ellipse(int, int, int, int)
+{
+    VORLAN_FAIL("false");
+}
+
+BOOL CommonDeviceContext::Polygon(const POINT *, int)
+{
+    VORLAN_FAIL("false");
+}
+
+BOOL CommonDeviceContext::Arc(int, int, int, int, int, int, int, int)
+{
+    VORLAN_FAIL("false");
+}
+
+BOOL CommonDeviceContext::Chord(int, int, int, int, int, int, int, int)
+{
+    VORLAN_FAIL("false");
+}
+
+BOOL CommonDeviceContext::Pie(int, int, int, int, int, int, int, int)
+{
+    VORLAN_FAIL("false");
+}
+
+} // namespace vorlan

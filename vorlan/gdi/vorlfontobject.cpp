@@ -2,7 +2,7 @@
 // convert the face name on the way in.
 #include "gdi/vorlgdiobject.h"
 #include "gtk/vorlgtklock.h"
-#include "vorlstringtranslator.h"
+#include "vorltextencoding.h"
 
 #include <cstddef>
 #include <cstring>

@@ -23,8 +23,6 @@
 
 #include <windows.h>
 
-#include "vorlinternal.h"
-
 #include <gdk/gdk.h>
 
 #include <cstddef>
@@ -52,7 +50,7 @@ inline HGDIOBJ MakeGdiHandle(UINT type, UINT index)
 // Pen, brush, palette, font, bitmap or region.
 bool IsLogicalGdiType(UINT type);
 
-class VORLAN_INTERNAL GdiObject {
+class GdiObject {
 public:
     // Takes the first free slot from currentIndex on and forms the handle.
     // A full table stops the process.
@@ -130,7 +128,7 @@ struct ExtraBytes {
     size_t count;
 };
 
-class VORLAN_INTERNAL LogicalGdiObject : public GdiObject {
+class LogicalGdiObject : public GdiObject {
 public:
     // The application's reference is 1, the others 0; the record and the
     // physical slots are zeroed.
@@ -174,27 +172,27 @@ private:
 // Internal operations on logical objects.  The caller holds the toolkit lock.
 //
 // Index of a stock handle in the stock list, or -1; handle 0 counts as stock.
-VORLAN_INTERNAL int GetStockObjectIndex(HGDIOBJ handle);
-VORLAN_INTERNAL BOOL IsStockObject(HGDIOBJ handle);
+int GetStockObjectIndex(HGDIOBJ handle);
+BOOL IsStockObject(HGDIOBJ handle);
 // Adds 1 to count `which` and returns it; 1 for a stock handle, 0 for a
 // handle that is no live logical object.
-VORLAN_INTERNAL LONG AddRef(HGDIOBJ handle, int which);
+LONG AddRef(HGDIOBJ handle, int which);
 // Subtracts 1 from count `which`.  The object dies when no count stays above
 // 0: result 0.  Otherwise the decremented value; 1 for a stock handle; -1
 // for a handle that is no live logical object.
-VORLAN_INTERNAL LONG ReleaseRef(HGDIOBJ handle, int which);
+LONG ReleaseRef(HGDIOBJ handle, int which);
 // The selection count; 0 for a stock or bad handle.
-VORLAN_INTERNAL LONG GetSelectRef(HGDIOBJ handle);
+LONG GetSelectRef(HGDIOBJ handle);
 // The handle of a physical slot.  The handle must name a live logical
 // object: anything else stops the process.
-VORLAN_INTERNAL DHANDLE GetPhysicalObject(HGDIOBJ handle, int slot);
+DHANDLE GetPhysicalObject(HGDIOBJ handle, int slot);
 // Frees what the slot held (with its own free procedure) and stores the new
 // record.  FALSE for anything but a live logical object.
-VORLAN_INTERNAL BOOL SetPhysicalObject(HGDIOBJ handle, int slot, DHANDLE physical, DFREEPROC freeProc,
+BOOL SetPhysicalObject(HGDIOBJ handle, int slot, DHANDLE physical, DFREEPROC freeProc,
                                        ULONG_PTR extra);
 // Physical slot 0 of a region, or null.
-VORLAN_INTERNAL GdkRegion *GetGdkRegion(HGDIOBJ handle);
+GdkRegion *GetGdkRegion(HGDIOBJ handle);
 // Physical slot 0 of a bitmap, or null.
-VORLAN_INTERNAL GdkPixmap *GetGdkPixmap(HGDIOBJ handle);
+GdkPixmap *GetGdkPixmap(HGDIOBJ handle);
 
 #endif // VORLAN_GDI_VORLGDIOBJECT_H

@@ -6,25 +6,23 @@
 
 #include <windows.h>
 
-#include "vorlinternal.h"
-
 namespace vorlan {
 
 // Bits per pixel of the default screen's system visual.
-VORLAN_INTERNAL int ScreenBitsPerPixel();
+int ScreenBitsPerPixel();
 
 // The character set that goes with an ANSI code page: the four East Asian
 // double-byte pages have their own, every other page gives ANSI_CHARSET.
-VORLAN_INTERNAL BYTE CharsetOfAnsiCodePage(UINT codePage);
+BYTE CharsetOfAnsiCodePage(UINT codePage);
 
 // The 20 entries of the default system palette, black first, white last.
 constexpr UINT kDefaultPaletteSize = 20;
-extern VORLAN_INTERNAL const PALETTEENTRY kDefaultPaletteEntries[kDefaultPaletteSize];
+extern const PALETTEENTRY kDefaultPaletteEntries[kDefaultPaletteSize];
 
 } // namespace vorlan
 
 // The character set of the system locale `lcid`, taken from the process's
 // ANSI code page, which follows that locale.
-VORLAN_INTERNAL BYTE getSystemCharset(LCID lcid);
+BYTE getSystemCharset(LCID lcid);
 
 #endif // VORLAN_GDI_VORLGDISYSTEM_H

@@ -1,17 +1,27 @@
+// The atom table and the atom calls, wide, narrow and global.
+//
+// The table is a singly linked list of records, each followed in the same
+// allocation by its name.  Every access to the list and to the counter of
+// string atoms happens under g_atomMutex, so threads may add, find and
+// delete the same names at the same time.
+
+#include "gtk/vorlatom.h"
+
+#include <windows.h>
+
+#include <glib.h>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+// ----------------------------------------------------------------------------
 // The atom table and its wide calls.
 //
 // The table is a singly linked list of records, each followed in the same
 // allocation by its name.  Every access to the list and to the counter of
 // string atoms happens under g_atomMutex, so threads may add, find and
 // delete the same names at the same time.
-#include "gtk/vorlatom.h"
-
-#include <glib.h>
-
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
-#include <new>
 
 namespace {
 
@@ -252,4 +262,174 @@ ATOM WINAPI DeleteAtom(ATOM nAtom)
     if (nAtom <= vorlan::kMaxIntegerAtom)
         return 0;
     return DeleteStringAtom(nAtom);
+}
+
+// ----------------------------------------------------------------------------
+// How an atom name argument is read: integer atoms given as a small value
+// in place of a pointer, "#" forms, and names for the table.
+
+namespace {
+
+bool HasHighBits(const void *name)
+{
+    return (reinterpret_cast<ULONG_PTR>(name) >> 16) != 0;
+}
+
+bool IsIntegerAtomValue(ULONG_PTR value)
+{
+    return value >= 1 && value <= vorlan::kMaxIntegerAtom;
+}
+
+vorlan::AtomName Refused()
+{
+    return {vorlan::AtomNameKind::Invalid, 0};
+}
+
+vorlan::AtomName IntegerAtomOrRefused(ULONG_PTR value)
+{
+    if (!IsIntegerAtomValue(value))
+        return Refused();
+    return {vorlan::AtomNameKind::Integer, static_cast<ATOM>(value)};
+}
+
+// Decimal digits up to the terminator.  An empty text reads as 0; any other
+// unit than a digit makes the whole text unreadable.  Large values saturate,
+// which keeps them out of the integer atom range.
+bool ParseString(LPCWSTR text, ULONG_PTR &value)
+{
+    constexpr ULONG_PTR kSaturated = 0x10000;
+    value = 0;
+    for (; *text != 0; ++text) {
+        if (*text < '0' || *text > '9') {
+            value = 0;
+            return false;
+        }
+        value = value * 10 + (*text - '0');
+        if (value > kSaturated)
+            value = kSaturated;
+    }
+    return true;
+}
+
+int LengthUpTo(LPCWSTR name, int limit)
+{
+    int length = 0;
+    while (length < limit && name[length] != 0)
+        ++length;
+    return length;
+}
+
+} // namespace
+
+namespace vorlan {
+
+AtomName ClassifyAtomName(LPCWSTR name, bool limitLength)
+{
+    if (!HasHighBits(name))
+        return IntegerAtomOrRefused(reinterpret_cast<ULONG_PTR>(name));
+    if (name[0] == 0)
+        return Refused();
+    if (limitLength && LengthUpTo(name, kMaxAtomNameLength) >= kMaxAtomNameLength)
+        return Refused();
+    if (name[0] == '#') {
+        ULONG_PTR value = 0;
+        if (!ParseString(name + 1, value))
+            return Refused();
+        return IntegerAtomOrRefused(value);
+    }
+    return {AtomNameKind::String, 0};
+}
+
+AtomName ClassifyNarrowAtomPointer(LPCSTR name)
+{
+    if (!HasHighBits(name))
+        return IntegerAtomOrRefused(reinterpret_cast<ULONG_PTR>(name));
+    return {AtomNameKind::String, 0};
+}
+
+} // namespace vorlan
+
+// ----------------------------------------------------------------------------
+// The narrow atom calls: names are converted through the process code page
+// into a 256-unit buffer and handed to the wide calls.
+
+namespace {
+
+constexpr int kNameBufferUnits = 256;
+
+// Runs `wideCall` on the name: integer atoms directly, strings after
+// conversion.  A name that does not convert is refused.
+template <typename WideCall>
+ATOM WithWideName(LPCSTR name, WideCall wideCall)
+{
+    const vorlan::AtomName kind = vorlan::ClassifyNarrowAtomPointer(name);
+    if (kind.kind == vorlan::AtomNameKind::Invalid)
+        return RefuseName();
+    if (kind.kind == vorlan::AtomNameKind::Integer)
+        return kind.value;
+    WCHAR buffer[kNameBufferUnits];
+    if (MultiByteToWideChar(CP_ACP, 0, name, -1, buffer, kNameBufferUnits) == 0)
+        return RefuseName();
+    return wideCall(buffer);
+}
+
+} // namespace
+
+ATOM WINAPI AddAtomA(LPCSTR lpString)
+{
+    return WithWideName(lpString, AddAtomW);
+}
+
+ATOM WINAPI FindAtomA(LPCSTR lpString)
+{
+    return WithWideName(lpString, FindAtomW);
+}
+
+// The count returned includes the terminator, as the conversion counts it.
+UINT WINAPI GetAtomNameA(ATOM nAtom, LPSTR lpBuffer, int nSize)
+{
+    WCHAR text[kNameBufferUnits];
+    const UINT length = GetAtomNameW(nAtom, text, kNameBufferUnits);
+    if (length == 0)
+        return 0;
+    return WideCharToMultiByte(CP_ACP, 0, text, length + 1, lpBuffer, nSize, nullptr, nullptr);
+}
+
+// ----------------------------------------------------------------------------
+// The global atom calls.  There is no table shared between processes: the
+// global names live in the same table as the local ones.
+
+ATOM WINAPI GlobalAddAtomA(LPCSTR lpString)
+{
+    return AddAtomA(lpString);
+}
+
+ATOM WINAPI GlobalAddAtomW(LPCWSTR lpString)
+{
+    return AddAtomW(lpString);
+}
+
+ATOM WINAPI GlobalFindAtomA(LPCSTR lpString)
+{
+    return FindAtomA(lpString);
+}
+
+ATOM WINAPI GlobalFindAtomW(LPCWSTR lpString)
+{
+    return FindAtomW(lpString);
+}
+
+ATOM WINAPI GlobalDeleteAtom(ATOM nAtom)
+{
+    return DeleteAtom(nAtom);
+}
+
+UINT WINAPI GlobalGetAtomNameA(ATOM nAtom, LPSTR lpBuffer, int nSize)
+{
+    return GetAtomNameA(nAtom, lpBuffer, nSize);
+}
+
+UINT WINAPI GlobalGetAtomNameW(ATOM nAtom, LPWSTR lpBuffer, int nSize)
+{
+    return GetAtomNameW(nAtom, lpBuffer, nSize);
 }

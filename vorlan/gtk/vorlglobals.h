@@ -5,8 +5,6 @@
 
 #include <windows.h>
 
-#include "vorlinternal.h"
-
 #include <X11/Xlib.h>
 #include <gdk/gdk.h>
 
@@ -32,11 +30,11 @@ struct GlobalProcessData : EarlyInitializer {
     LONG nTimeCostLog;            // API_TIMECOST_LOG, 0 until QRTInitedCallback ran
 };
 
-extern VORLAN_INTERNAL GlobalProcessData g_vorlData;
+extern GlobalProcessData g_vorlData;
 
 // Atoms interned at start-up.
-extern VORLAN_INTERNAL Atom g_wm_take_focus;
-extern VORLAN_INTERNAL Atom g_wm_delete_window;
+extern Atom g_wm_take_focus;
+extern Atom g_wm_delete_window;
 extern Atom g_xembed_msg_type;
 
 // The X error handler that was in force before VorlXErrorHandler was
@@ -46,19 +44,19 @@ extern XErrorHandler xErrorHandler;
 } // namespace vorlan
 
 // The desktop window, made by UserInitialize at start-up.
-extern VORLAN_INTERNAL HWND g_hWndDesktop;
+extern HWND g_hWndDesktop;
 
 // Sees every X event before GDK translates it.  Installed for all windows.
-VORLAN_INTERNAL GdkFilterReturn vorlan_x_event_filter(GdkXEvent *xevent, GdkEvent *event, gpointer data);
+GdkFilterReturn vorlan_x_event_filter(GdkXEvent *xevent, GdkEvent *event, gpointer data);
 
 // Sees every GDK event: windows with an HWND go to the window layer, all
 // others to GTK.
-VORLAN_INTERNAL void vorlan_gdk_event_handler(GdkEvent *event, gpointer data);
+void vorlan_gdk_event_handler(GdkEvent *event, gpointer data);
 
 // Takes the Expose events already queued on the display and turns them into
 // invalidations at once, without waiting for the main loop.  The caller
 // holds the toolkit lock.
-VORLAN_INTERNAL void ProcessExposeEvents();
+void ProcessExposeEvents();
 
 // Reports an X error and stops; installed only under XSynchronize.
 int VorlXErrorHandler(Display *display, XErrorEvent *error);

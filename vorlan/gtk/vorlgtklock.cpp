@@ -7,10 +7,6 @@
 
 namespace vorlan {
 
-namespace {
-const char kSource[] = "vorlan/gtk/vorlgtklock";
-}
-
 int GtkCriticalSection::lock_ref = 0;
 std::atomic<DWORD> GtkCriticalSection::g_dwOwnerThread{GtkCriticalSection::kNoOwner};
 
@@ -42,7 +38,7 @@ void GtkCriticalSection::leave_once()
 {
     if (!held_by_caller())
         return;
-    VORLAN_ASSERT(kSource, lock_ref >= 1);
+    VORLAN_ASSERT(lock_ref >= 1);
     if (--lock_ref == 0) {
         give_up_ownership();
         gdk_threads_leave();
@@ -53,7 +49,7 @@ int GtkCriticalSection::leave_all()
 {
     if (!held_by_caller())
         return -1;
-    VORLAN_ASSERT(kSource, lock_ref>=0);
+    VORLAN_ASSERT(lock_ref>=0);
     const int depth = lock_ref;
     for (int i = 0; i < depth; ++i)
         leave_once();

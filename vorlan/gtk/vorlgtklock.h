@@ -22,13 +22,11 @@
 
 #include <windows.h>
 
-#include "vorlinternal.h"
-
 #include <atomic>
 
 namespace vorlan {
 
-class VORLAN_INTERNAL GtkCriticalSection {
+class GtkCriticalSection {
 public:
     GtkCriticalSection() { enter_once(); }
     ~GtkCriticalSection() { leave_once(); }

@@ -4,12 +4,10 @@
 
 #include <windows.h>
 
-#include "vorlinternal.h"
-
 // The character a virtual key stands for, given the calling thread's
 // Control, Shift and Caps Lock state as of its last removed input record;
 // 0 when the key makes no character.  A value with the low byte 0xFF
 // carries a GDK keyval in its upper bits.
-VORLAN_INTERNAL UINT VKToUnicode(UINT vk);
+UINT VKToUnicode(UINT vk);
 
 #endif // VORLAN_GTK_VORLKEYBOARD_H

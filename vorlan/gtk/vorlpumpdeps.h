@@ -13,7 +13,6 @@
 #include <windows.h>
 #include <vorlan.h>
 
-#include "vorlinternal.h"
 #include "vorlwindowproc.h"
 
 #include <X11/Xlib.h>
@@ -128,15 +127,15 @@ typedef BOOL (*DeleteDCProc)(HDC hdc, HWND hWnd);
 
 VORLAN_BEGIN_DECLS
 // Stores the callback that DeleteDC asks, with its window.
-VORLAN_INTERNAL BOOL GdiSetDeleteDCProc(HDC hdc, DeleteDCProc proc, HWND hWnd);
+BOOL GdiSetDeleteDCProc(HDC hdc, DeleteDCProc proc, HWND hWnd);
 BOOL WINAPI DeleteDC(HDC hdc);
 VORLAN_END_DECLS
 
 // Limits a window DC's output to the rectangle of its X window.
-VORLAN_INTERNAL BOOL GdiSetDCOutputBounds(HDC hdc, const RECT *rect);
+BOOL GdiSetDCOutputBounds(HDC hdc, const RECT *rect);
 
 // Non-zero: drawing on the DC leaves child windows out; 0: it covers them.
-VORLAN_INTERNAL void _SetDCSubWindowMode(HDC hdc, BOOL mode);
+void _SetDCSubWindowMode(HDC hdc, BOOL mode);
 
 // Tells the metafile context `hdc` that an object it recorded is deleted.
 BOOL DeleteObjectFromMetaFile(HDC hdc, HGDIOBJ hObject);
@@ -197,16 +196,16 @@ struct _InputMSG;
 // answers below.  The caller holds the toolkit lock.
 namespace vorlan {
 // The thread that owns the window (GetWindowThreadProcessId), 0 for a bad handle.
-VORLAN_INTERNAL DWORD WindowThreadId(HWND hWnd);
+DWORD WindowThreadId(HWND hWnd);
 // The handle names a live window (IsWindow).
-VORLAN_INTERNAL bool WindowExists(HWND hWnd);
+bool WindowExists(HWND hWnd);
 // `hWnd` lies below `parent` along the parent links (IsChild); never the
 // window itself.
-VORLAN_INTERNAL bool WindowIsDescendant(HWND parent, HWND hWnd);
+bool WindowIsDescendant(HWND parent, HWND hWnd);
 // Clears WF_NCPAINTPENDING of the window and tells whether it was set.
-VORLAN_INTERNAL bool TakeNcPaintPending(HWND hWnd);
+bool TakeNcPaintPending(HWND hWnd);
 // The window has an hUpdateRegion; false for a dead window.
-VORLAN_INTERNAL bool HasUpdateRegion(HWND hWnd);
+bool HasUpdateRegion(HWND hWnd);
 
 // The same questions for handles that the window table does not know: the
 // stand-in windows of vorltestwindows.h, which carry a procedure of their

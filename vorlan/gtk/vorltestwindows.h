@@ -16,28 +16,26 @@
 
 #include <windows.h>
 
-#include "vorlinternal.h"
-
 namespace vorlan {
 namespace testing {
 
 // A window owned by the calling thread.
-VORLAN_INTERNAL HWND CreateTestWindow(WNDPROC procedure, HWND parent = nullptr);
-VORLAN_INTERNAL void DestroyTestWindow(HWND hWnd);
-VORLAN_INTERNAL void DestroyTestWindowsOfThread(DWORD tid);
+HWND CreateTestWindow(WNDPROC procedure, HWND parent = nullptr);
+void DestroyTestWindow(HWND hWnd);
+void DestroyTestWindowsOfThread(DWORD tid);
 
-VORLAN_INTERNAL bool IsTestWindow(HWND hWnd);
+bool IsTestWindow(HWND hWnd);
 // The owning thread, 0 for a handle that is no test window.
-VORLAN_INTERNAL DWORD TestWindowThread(HWND hWnd);
+DWORD TestWindowThread(HWND hWnd);
 // `hWnd` lies below `parent` (not the window itself).
-VORLAN_INTERNAL bool IsTestWindowDescendant(HWND parent, HWND hWnd);
-VORLAN_INTERNAL WNDPROC TestWindowProcedure(HWND hWnd);
+bool IsTestWindowDescendant(HWND parent, HWND hWnd);
+WNDPROC TestWindowProcedure(HWND hWnd);
 
-VORLAN_INTERNAL void SetTestWindowUpdateRegion(HWND hWnd, bool hasRegion);
-VORLAN_INTERNAL bool TestWindowHasUpdateRegion(HWND hWnd);
-VORLAN_INTERNAL void SetTestWindowNcPaintPending(HWND hWnd, bool pending);
+void SetTestWindowUpdateRegion(HWND hWnd, bool hasRegion);
+bool TestWindowHasUpdateRegion(HWND hWnd);
+void SetTestWindowNcPaintPending(HWND hWnd, bool pending);
 // Clears the pending non-client paint and tells whether it was set.
-VORLAN_INTERNAL bool TakeTestWindowNcPaintPending(HWND hWnd);
+bool TakeTestWindowNcPaintPending(HWND hWnd);
 
 } // namespace testing
 } // namespace vorlan

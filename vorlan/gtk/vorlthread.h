@@ -15,8 +15,6 @@
 
 #include <windows.h>
 
-#include "vorlinternal.h"
-
 #include <glib.h>
 
 #include <atomic>
@@ -80,11 +78,11 @@ struct SendReplyWait {
 };
 
 // Guards the thread list and the reply waits.
-extern VORLAN_INTERNAL std::recursive_mutex g_threadListMutex;
+extern std::recursive_mutex g_threadListMutex;
 // Guards qInputMsgs, nInputKeyboard and the input bits of qsFlags of all threads.
-extern VORLAN_INTERNAL std::recursive_mutex g_inputQueueMutex;
+extern std::recursive_mutex g_inputQueueMutex;
 
-class VORLAN_INTERNAL ThreadData {
+class ThreadData {
 public:
     explicit ThreadData(DWORD threadId);
     ~ThreadData();
@@ -168,14 +166,14 @@ private:
 };
 
 // Both bounds 0: every message; otherwise min <= message <= max.
-VORLAN_INTERNAL bool MessageFilter(UINT message, UINT min, UINT max);
+bool MessageFilter(UINT message, UINT min, UINT max);
 // Filter 0: every window; -1 or -2: only hwnd 0; otherwise the window
 // itself or one of its descendants.
-VORLAN_INTERNAL bool WindowFilter(HWND hWnd, HWND filter);
+bool WindowFilter(HWND hWnd, HWND filter);
 // WM_KEYFIRST up to, but not including, 265.
-VORLAN_INTERNAL bool IsKeyMessage(UINT message);
+bool IsKeyMessage(UINT message);
 
-VORLAN_INTERNAL HWND GetCaretWindow();
-VORLAN_INTERNAL void SetCurrentThreadActiveWindow(HWND hWnd);
+HWND GetCaretWindow();
+void SetCurrentThreadActiveWindow(HWND hWnd);
 
 #endif // VORLAN_GTK_VORLTHREAD_H

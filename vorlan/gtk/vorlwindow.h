@@ -5,12 +5,10 @@
 // never 0 and never looks like a pointer.  getWindow is the only way from a
 // handle to its object.  The table and every field are guarded by the
 // toolkit lock; getWindow itself takes no lock and sets no error.
-#ifndef VORLAN_GTK_VORLWINDOW_H
-#define VORLAN_GTK_VORLWINDOW_H
+#ifndef VORLAN_VORLAN_GTK_VORLWINDOW_H
+#define VORLAN_VORLAN_GTK_VORLWINDOW_H
 
 #include <windows.h>
-
-#include "vorlinternal.h"
 
 #include <X11/Xlib.h>
 #include <gdk/gdk.h>
@@ -54,7 +52,7 @@ constexpr ULONG_PTR kHandleBase = 0x4D726577;
 constexpr int kDialogProcOffset = DWLP_DLGPROC;
 constexpr int kDialogFlagsOffset = 28;
 
-struct VORLAN_INTERNAL Window {
+struct Window {
     // Makes the object for a window of the class and gives it the first free
     // slot from currentIndex on.  A full table stops the process.
     explicit Window(WindowClass *wc);
@@ -103,15 +101,15 @@ struct VORLAN_INTERNAL Window {
 };
 
 // The window text of every window without one.  Never freed, never written.
-extern VORLAN_INTERNAL WCHAR g_wszEmptyText[1];
+extern WCHAR g_wszEmptyText[1];
 
 // All window objects by slot; null in a free slot.
-extern VORLAN_INTERNAL Window *window_objs[kWindowSlots];
+extern Window *window_objs[kWindowSlots];
 // The slot at which the next search for a free slot starts.
-extern VORLAN_INTERNAL unsigned currentIndex;
+extern unsigned currentIndex;
 
 // The object of a handle, or null for a handle out of range or free.
-VORLAN_INTERNAL Window *getWindow(HWND hWnd);
+Window *getWindow(HWND hWnd);
 
 // The handle of a slot.
 inline HWND HandleOfSlot(unsigned slot)
@@ -150,4 +148,51 @@ inline Window *getWindowOrFail(HWND hWnd)
 
 } // namespace vorlan
 
-#endif // VORLAN_GTK_VORLWINDOW_H
+// ----------------------------------------------------------------------------
+// The window tree: each window sits in its parent's child list, which runs
+// from the bottom to the top of the X stacking.
+
+// Positions for LinkWindowEx besides a sibling's handle.
+#define LINK_FIRST_CHILD ((HWND)0)
+#define LINK_LAST_CHILD ((HWND)1)
+
+// Puts the window at the end of the parent's child list.
+BOOL LinkWindow(HWND hWnd, HWND hWndParent);
+// Puts the window first (LINK_FIRST_CHILD), last (LINK_LAST_CHILD) or
+// directly behind the sibling hWndAfter in the parent's child list and makes
+// hWndParent its parent.  A window still linked elsewhere is unlinked first;
+// a sibling that is not in the list places the window last.  Bad handles:
+// error 1400, FALSE.
+BOOL LinkWindowEx(HWND hWnd, HWND hWndParent, HWND hWndAfter);
+// Takes the window out of its parent's child list; it is left with no
+// parent and no next sibling.
+BOOL UnlinkWindow(HWND hWnd);
+
+// A malloc'd array of the child handles in list order, ended by 0.  hWnd 0
+// means the desktop.  The Ex form takes only windows of thread tid unless
+// tid is 0.  Errors: 1400 for a bad handle, 8 when out of memory.
+HWND *GetWindowChildList(HWND hWnd);
+HWND *GetWindowChildListEx(HWND hWnd, DWORD tid);
+// Frees a child list; null gives error 87 and FALSE.
+BOOL FreeWindowList(HWND *list);
+
+// ----------------------------------------------------------------------------
+// Window text: the cores that the default window procedure runs for
+// WM_SETTEXT, WM_GETTEXT and WM_GETTEXTLENGTH.  The caller holds the
+// toolkit lock.  The text is kept as UTF-16 and given to the GDK window
+// as its title.
+
+// Stores the text (null counts as empty).  TRUE, or 0 with 1400 for a bad
+// handle and 8 when out of memory.
+BOOL DefSetTextAW(HWND hWnd, const void *text, BOOL wide);
+BOOL DefSetTextW(HWND hWnd, LPCWSTR text);
+BOOL DefSetTextA(HWND hWnd, LPCSTR text);
+
+// Copies at most size - 1 units (bytes for ANSI) and a terminator, and
+// returns the count; size 0 asks for the length.  An empty text gives 0
+// and leaves the buffer alone.
+int DefGetTextAW(HWND hWnd, void *buffer, int size, BOOL wide);
+int DefGetTextW(HWND hWnd, LPWSTR buffer, int size);
+int DefGetTextA(HWND hWnd, LPSTR buffer, int size);
+
+#endif // VORLAN_VORLAN_GTK_VORLWINDOW_H

@@ -6,8 +6,6 @@
 
 #include <windows.h>
 
-#include "vorlinternal.h"
-
 // Private SetWindowPos flags, set in the working copy of the flags or
 // passed by callers inside the library.  WM_WINDOWPOSCHANGED carries them
 // to the default procedure.
@@ -20,30 +18,30 @@
 namespace vorlan {
 struct Window;
 // Moves both rectangles of every descendant of the window.
-VORLAN_INTERNAL void OffsetChildWindowRects(Window *pWnd, int dx, int dy);
+void OffsetChildWindowRects(Window *pWnd, int dx, int dy);
 // Moves both rectangles of the window and of every descendant.
-VORLAN_INTERNAL void OffsetAllWindowRects(Window *pWnd, int dx, int dy);
+void OffsetAllWindowRects(Window *pWnd, int dx, int dy);
 // The window manager's frame around a decorated window, else zeros: left
 // and right in cx, top in cy.
-VORLAN_INTERNAL POINT FrameOrigin(HWND hWnd);
+POINT FrameOrigin(HWND hWnd);
 // How far a child sticks out left of and above its parent's client area,
 // which cuts its X window there; zeros for a top-level window.
-VORLAN_INTERNAL POINT ParentOverhang(const Window *pWnd);
+POINT ParentOverhang(const Window *pWnd);
 } // namespace vorlan
 
 // Moves the window in its parent's child list and in X.  A child goes
 // first (0), last (1) or behind a sibling; other windows only move in X.
-VORLAN_INTERNAL void AdjustZOrder(HWND hWnd, HWND hWndAfter);
+void AdjustZOrder(HWND hWnd, HWND hWndAfter);
 
 // The tracking limits of the window after WM_GETMINMAXINFO.  FALSE for a
 // dead window.
-VORLAN_INTERNAL BOOL GetWindowMinMaxInfo(HWND hWnd, MINMAXINFO *info);
+BOOL GetWindowMinMaxInfo(HWND hWnd, MINMAXINFO *info);
 
 // Sets the window manager functions (move, resize, minimize, maximize
 // from the style; close when `enable`) of a window's X window.
-VORLAN_INTERNAL void EnableWindowFuncs(HWND hWnd, BOOL enable);
+void EnableWindowFuncs(HWND hWnd, BOOL enable);
 
 // SetWindowPos without taking the lock: the caller holds it.
-VORLAN_INTERNAL BOOL SetWindowPosCore(HWND hWnd, HWND hWndAfter, int x, int y, int cx, int cy, UINT flags);
+BOOL SetWindowPosCore(HWND hWnd, HWND hWndAfter, int x, int y, int cx, int cy, UINT flags);
 
 #endif // VORLAN_GTK_VORLWINDOWPOS_H

@@ -7,34 +7,33 @@
 #include <windows.h>
 #include <vorlan.h>
 
-#include "vorlinternal.h"
-#include "gtk/vorlwindowtree.h"
+#include "gtk/vorlwindow.h"
 
 #include <memory>
 
 // Take any window (FILTER_SKIP only for a null one).
-VORLAN_INTERNAL FILTER_CODE DirectChildFilter(HWND hWnd, HWND hWndParent, POINT pt, LPARAM lParam);
+FILTER_CODE DirectChildFilter(HWND hWnd, HWND hWndParent, POINT pt, LPARAM lParam);
 // Take a visible window, skip a hidden one.
-VORLAN_INTERNAL FILTER_CODE DirectVisibleChildFilter(HWND hWnd, HWND hWndParent, POINT pt, LPARAM lParam);
+FILTER_CODE DirectVisibleChildFilter(HWND hWnd, HWND hWndParent, POINT pt, LPARAM lParam);
 // Take an enabled window, or any window right below the desktop; skip the rest.
-VORLAN_INTERNAL FILTER_CODE DirectEnabledChildFilter(HWND hWnd, HWND hWndParent, POINT pt, LPARAM lParam);
+FILTER_CODE DirectEnabledChildFilter(HWND hWnd, HWND hWndParent, POINT pt, LPARAM lParam);
 // Skip a hidden window; otherwise as DirectEnabledChildFilter.
-VORLAN_INTERNAL FILTER_CODE DirectVisibleAndEnabledChildFilter(HWND hWnd, HWND hWndParent, POINT pt,
+FILTER_CODE DirectVisibleAndEnabledChildFilter(HWND hWnd, HWND hWndParent, POINT pt,
                                                                LPARAM lParam);
 // What WindowFromPoint finds: hidden windows are skipped, enabled ones
 // searched, a disabled top-level window taken as it is and a disabled child
 // skipped with everything inside it.
-VORLAN_INTERNAL FILTER_CODE WindowFromPointFilter(HWND hWnd, HWND hWndParent, POINT pt, LPARAM lParam);
+FILTER_CODE WindowFromPointFilter(HWND hWnd, HWND hWndParent, POINT pt, LPARAM lParam);
 
 // The direct child of hWnd under the screen point, or 0.  bDisabled lets
 // disabled children count, bInvisible hidden ones.
-VORLAN_INTERNAL HWND DirectChildFromPoint(HWND hWnd, POINT pt, BOOL bDisabled, BOOL bInvisible);
+HWND DirectChildFromPoint(HWND hWnd, POINT pt, BOOL bDisabled, BOOL bInvisible);
 
 // FindWindowFromPointEx without the lock: the caller holds it.
-VORLAN_INTERNAL HWND FindWindowFromPointCore(HWND hWnd, POINT pt, FINDWINDOWFILTER filter);
+HWND FindWindowFromPointCore(HWND hWnd, POINT pt, FINDWINDOWFILTER filter);
 
 // FindWindowExW without the lock: the caller holds it.
-VORLAN_INTERNAL HWND FindWindowExCore(HWND hWndParent, HWND hWndAfter, LPCWSTR lpszClass, LPCWSTR lpszWindow);
+HWND FindWindowExCore(HWND hWndParent, HWND hWndAfter, LPCWSTR lpszClass, LPCWSTR lpszWindow);
 
 namespace vorlan {
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "gdi/palette_test_helpers.h"
+#include "support/palette_test_helpers.h"
 #include "support/child_process.h"
 
 #include <gdk/gdk.h>

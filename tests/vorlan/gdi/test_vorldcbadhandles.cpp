@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "forged_handles.h"
+#include "support/forged_handles.h"
 
-#include "gdi/dc_test_helpers.h"
+#include "support/dc_test_helpers.h"
 #include "gdi/screen/vorlscreendc.h"
 
 #include <string>

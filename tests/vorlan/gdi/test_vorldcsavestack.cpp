@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "gdi/dc_test_helpers.h"
+#include "support/dc_test_helpers.h"
 
 using vorlan_test::LiveType;
 using vorlan_test::MemoryDC;

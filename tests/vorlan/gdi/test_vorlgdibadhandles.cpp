@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "forged_handles.h"
+#include "support/forged_handles.h"
 
 #include "gdi/vorlgdiobject.h"
 #include "gtk/vorlgtklock.h"

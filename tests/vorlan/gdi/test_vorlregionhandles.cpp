@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "forged_handles.h"
+#include "support/forged_handles.h"
 
-#include "region_test_helpers.h"
+#include "support/region_test_helpers.h"
 
 #include "gdi/vorlgdiobject.h"
 #include "gdi/vorlregion.h"

@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "region_test_helpers.h"
+#include "support/region_test_helpers.h"
 
 #include "gdi/vorlgdiobject.h"
 #include "gdi/vorlregion.h"
-#include "gdi/vorlregionrect.h"
 #include "gtk/vorlgtklock.h"
 
 #include <climits>

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "region_test_helpers.h"
+#include "support/region_test_helpers.h"
 
 #include <windows.h>
 

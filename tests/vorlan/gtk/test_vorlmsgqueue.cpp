@@ -5,7 +5,7 @@
 
 #include "gtk/vorlglobals.h"
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlpostmessage.h"
+#include "gtk/vorlmessage.h"
 #include "gtk/vorlpumpdeps.h"
 #include "gtk/vorltestwindows.h"
 #include "gtk/vorlthread.h"

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlpostmessage.h"
+#include "gtk/vorlmessage.h"
 #include "gtk/vorltestwindows.h"
 #include "gtk/vorlthread.h"
 #include "support/queue_helpers.h"

@@ -8,7 +8,7 @@
 
 #include "gtk/vorlglobals.h"
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlxerror.h"
+#include "gtk/vorlxwindow.h"
 #include "support/gtk_helpers.h"
 
 #include <gdk/gdkx.h>

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlthemecolors.h"
+#include "gtk/vorltheme.h"
 #include "support/gdk_lock_counter.h"
 
 #include <windows.h>

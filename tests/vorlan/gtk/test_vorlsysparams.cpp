@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorllogfontcopy.h"
+#include "gtk/vorlsysparams.h"
 #include "support/gtk_helpers.h"
 
 #include <windows.h>

@@ -4,7 +4,7 @@
 #include "vorlwindowproc.h"
 #include "gtk/vorlglobals.h"
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlwindowtree.h"
+#include "gtk/vorlwindow.h"
 #include "gtk/vorlxwindow.h"
 #include "support/gtk_helpers.h"
 #include "support/window_checks.h"

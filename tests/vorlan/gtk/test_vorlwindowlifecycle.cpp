@@ -4,7 +4,6 @@
 
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlwindow.h"
-#include "gtk/vorlxerror.h"
 #include "gtk/vorlxwindow.h"
 #include "support/child_process.h"
 #include "support/gtk_helpers.h"

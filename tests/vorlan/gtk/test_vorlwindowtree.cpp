@@ -3,7 +3,7 @@
 
 #include "gtk/vorlglobals.h"
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlwindowtree.h"
+#include "gtk/vorlwindow.h"
 #include "support/gtk_helpers.h"
 #include "support/window_checks.h"
 

@@ -4,7 +4,6 @@
 
 #include "gtk/vorlglobals.h"
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlxerror.h"
 #include "gtk/vorlxwindow.h"
 #include "support/gtk_helpers.h"
 #include "support/window_checks.h"

@@ -2,7 +2,7 @@
 // the process code page.
 #include "gdi/printer/vorlps_dc.h"
 
-#include "vorlstringtranslator.h"
+#include "vorltextencoding.h"
 
 #include <cstring>
 

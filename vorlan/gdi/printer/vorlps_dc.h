@@ -10,7 +10,7 @@
 
 namespace vorlan {
 
-class VORLAN_INTERNAL VorlPSContext : public CommonDeviceContext {
+class VorlPSContext : public CommonDeviceContext {
 public:
     VorlPSContext();
     ~VorlPSContext() override;
@@ -40,10 +40,10 @@ public:
 } // namespace vorlan
 
 // A context for the named printer; 0 while no printer can be opened.
-VORLAN_INTERNAL HDC CreatePrinterDCW(LPCWSTR driver, LPCWSTR device, const DEVMODEW *devmode);
+HDC CreatePrinterDCW(LPCWSTR driver, LPCWSTR device, const DEVMODEW *devmode);
 
 // Copies a DEVMODEA of 156 bytes into a DEVMODEW field by field, the two
 // names converted; any other size leaves `wide` as it is.
-VORLAN_INTERNAL void DEVMODE_A2W(const DEVMODEA *narrow, DEVMODEW *wide);
+void DEVMODE_A2W(const DEVMODEA *narrow, DEVMODEW *wide);
 
 #endif // VORLAN_GDI_PRINTER_VORLPS_DC_H

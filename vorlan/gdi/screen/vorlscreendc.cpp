@@ -1,9 +1,9 @@
 // Screen contexts: construction, the device's answers, objects on GDK, and
 // the mapping and clipping peculiar to window DCs.
+
 #include "gdi/screen/vorlscreendc.h"
 
 #include "gdi/vorlregion.h"
-
 #include "gtk/vorlgtklock.h"
 #include "vorlassert.h"
 
@@ -30,7 +30,7 @@ ScreenContext::ScreenContext(HWND window, DWORD flags, GdkDrawable *target, cons
     : CommonDeviceContext(OBJ_DC), gc(nullptr), drawable(target), outputBounds(), colormap(nullptr), hwnd(window),
       dwFlags(flags)
 {
-    VORLAN_ASSERT("vorlan/gdi/screen/vorlscreendc", target != 0);
+    VORLAN_ASSERT(target != 0);
     if (rect != nullptr)
         outputBounds = *rect;
     colormap = gdk_drawable_get_colormap(drawable);
@@ -58,7 +58,7 @@ ScreenContext::ScreenContext(GdkColormap *memoryColormap)
     : CommonDeviceContext(OBJ_MEMDC), gc(nullptr), drawable(nullptr), outputBounds(), colormap(memoryColormap),
       hwnd(nullptr), dwFlags(0)
 {
-    VORLAN_ASSERT("vorlan/gdi/screen/vorlscreendc", colormap);
+    VORLAN_ASSERT(colormap);
     g_object_ref(colormap);
     createPangoContext();
     gdk_pango_context_set_colormap(pangoContext, colormap);
@@ -350,7 +350,7 @@ int ScreenContext::applyBitmap()
 
 int ScreenContext::ApplyObject(UINT objectType)
 {
-    VORLAN_ASSERT("vorlan/gdi/screen/vorlscreendc", objectType < vorlan::kDCObjectSlots &&
+    VORLAN_ASSERT(objectType < vorlan::kDCObjectSlots &&
                                                         dcState.hObjects[objectType] != nullptr);
     switch (objectType) {
     case OBJ_BITMAP:
@@ -370,7 +370,7 @@ int ScreenContext::ApplyObject(UINT objectType)
 
 BOOL ScreenContext::GetDrawableRect(RECT *rect)
 {
-    VORLAN_ASSERT("vorlan/gdi/screen/vorlscreendc", drawable != nullptr);
+    VORLAN_ASSERT(drawable != nullptr);
     if (hwnd == nullptr) {
         gint width = 0;
         gint height = 0;
@@ -544,3 +544,14 @@ GdkDrawable *GetGdkDrawable(HDC hdc)
 }
 
 int GetSystemDisplayDepth() { return gdk_visual_get_system()->depth; }
+
+// ----------------------------------------------------------------------------
+// The painting clip of a screen context goes to its GC together with the
+// output bounds and the application's clip.
+
+int ScreenContext::setUpdateRgn(HRGN region)
+{
+    if (CommonDeviceContext::setUpdateRgn(region) == ERROR)
+        return ERROR;
+    return UpdateClipping();
+}

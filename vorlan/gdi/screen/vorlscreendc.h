@@ -13,7 +13,7 @@
 // What a brush becomes on the screen: the GC values that paint with it,
 // kept in the brush's physical slot 0 and made anew when the colormap of
 // the target, or the colours a mono pattern was expanded in, change.
-struct VORLAN_INTERNAL PhysicalScreenBrush {
+struct PhysicalScreenBrush {
     GdkColormap *colormap; // of the target at realisation; null on depth 1
     GdkGCValuesMask mask;  // 0 for a null brush
     GdkGCValues values;    // foreground, fill, tile (counted), origin
@@ -24,7 +24,7 @@ struct VORLAN_INTERNAL PhysicalScreenBrush {
     static void free(DHANDLE record);
 };
 
-class VORLAN_INTERNAL ScreenContext : public vorlan::CommonDeviceContext {
+class ScreenContext : public vorlan::CommonDeviceContext {
 public:
     // A window DC on `drawable`, which must not be null.
     ScreenContext(HWND hwnd, DWORD flags, GdkDrawable *drawable, const RECT *rect);
@@ -133,15 +133,15 @@ private:
 
 // A window DC of `hwnd` on its GdkWindow; `rect` is the DC's place in the
 // drawable.  The caller holds the toolkit lock.
-VORLAN_INTERNAL HDC GdiCreateWindowDC(HWND hwnd, DWORD flags, GdkDrawable *drawable, const RECT *rect);
+HDC GdiCreateWindowDC(HWND hwnd, DWORD flags, GdkDrawable *drawable, const RECT *rect);
 // The DC's place in its drawable; FALSE for anything but a screen context.
-VORLAN_INTERNAL BOOL GdiGetDCOutputBounds(HDC hdc, RECT *rect);
+BOOL GdiGetDCOutputBounds(HDC hdc, RECT *rect);
 // The screen context of a window or memory DC handle, or null.
-VORLAN_INTERNAL ScreenContext *GetScreenContext(HDC hdc);
+ScreenContext *GetScreenContext(HDC hdc);
 // The GC and the drawable of a window or memory DC, or null.
-VORLAN_INTERNAL GdkGC *GetGdkGC(HDC hdc);
-VORLAN_INTERNAL GdkDrawable *GetGdkDrawable(HDC hdc);
+GdkGC *GetGdkGC(HDC hdc);
+GdkDrawable *GetGdkDrawable(HDC hdc);
 // Depth of the system visual.
-VORLAN_INTERNAL int GetSystemDisplayDepth();
+int GetSystemDisplayDepth();
 
 #endif // VORLAN_GDI_SCREEN_VORLSCREENDC_H

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "gdi/screen/canvas.h"
+#include "support/canvas.h"
 
 #include <cstring>
 #include <vector>

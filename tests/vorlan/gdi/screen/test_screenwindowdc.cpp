@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "gdi/dc_test_helpers.h"
-#include "gdi/screen/canvas.h"
+#include "support/dc_test_helpers.h"
+#include "support/canvas.h"
 #include "gdi/screen/vorlscreendc.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlxwindow.h"
