@@ -13,7 +13,6 @@
 
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlmessage.h"
-#include "gtk/vorltestwindows.h"
 #include "gtk/vorlthread.h"
 
 #include <glib.h>
@@ -29,9 +28,25 @@ namespace {
 constexpr UINT WM_BENCH = WM_USER + 1;
 constexpr UINT WM_BENCH_STOP = WM_USER + 2;
 
-LRESULT CALLBACK EchoProc(HWND, UINT, WPARAM wParam, LPARAM)
+LRESULT CALLBACK EchoProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    return static_cast<LRESULT>(wParam + 1);
+    if (message == WM_BENCH)
+        return static_cast<LRESULT>(wParam + 1);
+    return DefWindowProcW(hWnd, message, wParam, lParam);
+}
+
+// A hidden window whose procedure answers WM_BENCH.
+HWND CreateEchoWindow()
+{
+    static const WCHAR kClassName[] = {'B', 'e', 'n', 'c', 'h', 'E', 'c', 'h', 'o', 0};
+    static const ATOM atom = [] {
+        WNDCLASSW wc = {};
+        wc.lpfnWndProc = EchoProc;
+        wc.lpszClassName = kClassName;
+        return RegisterClassW(&wc);
+    }();
+    return CreateWindowExW(0, reinterpret_cast<LPCWSTR>(static_cast<ULONG_PTR>(atom)), kClassName, WS_POPUP, 0, 0,
+                           10, 10, nullptr, nullptr, nullptr, nullptr);
 }
 
 // A worker with a window and a message loop: peek with PM_REMOVE, wait
@@ -69,7 +84,7 @@ private:
     {
         ThreadData *data = ThreadData::GetCurrentThreadData();
         m_tid = GetCurrentThreadId();
-        m_window = vorlan::testing::CreateTestWindow(EchoProc);
+        m_window = CreateEchoWindow();
         m_ready = true;
         vorlan::GtkCriticalSection lock;
         for (;;) {
@@ -77,11 +92,13 @@ private:
             if (data->peekMessage(&msg, nullptr, 0, 0, PM_REMOVE, TRUE)) {
                 if (msg.message == WM_BENCH_STOP)
                     break;
-                m_received.fetch_add(1, std::memory_order_release);
+                if (msg.message == WM_BENCH)
+                    m_received.fetch_add(1, std::memory_order_release);
                 continue;
             }
             data->waitMessage();
         }
+        DestroyWindow(m_window);
     }
 
     std::atomic<bool> m_ready{false};

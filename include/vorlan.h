@@ -77,5 +77,36 @@ typedef FILTER_CODE (*FINDWINDOWFILTER)(HWND hWnd, HWND hWndParent, POINT pt, LP
  * so windows of other X clients hide the library's windows. */
 VORLANAPI HWND FindWindowFromPointEx(HWND hWnd, POINT pt, FINDWINDOWFILTER filter);
 
+/* Window device contexts.  The window layer makes the DCs of its windows
+ * through these calls and limits them to the window's part of the drawable;
+ * the controls' painter reaches the GDK side of a DC through them.  Each
+ * takes an OBJ_DC or OBJ_MEMDC handle of a screen context (anything else
+ * fails), and the caller holds the toolkit lock. */
+struct _GdkDrawable;
+struct _GdkGC;
+
+/* Asked by DeleteDC whether a window's DC may really go. */
+typedef BOOL (*DeleteDCProc)(HDC hdc, HWND hWnd);
+
+/* A window DC of `hwnd` on its GdkWindow; `rect` is the DC's place in the
+ * drawable. */
+VORLANAPI HDC GdiCreateWindowDC(HWND hwnd, DWORD flags, struct _GdkDrawable *drawable, const RECT *rect);
+/* The DC's place in its drawable. */
+VORLANAPI BOOL GdiGetDCOutputBounds(HDC hdc, RECT *rect);
+/* Moves the DC within its drawable and limits its output to that place. */
+VORLANAPI BOOL GdiSetDCOutputBounds(HDC hdc, const RECT *rect);
+/* Stores the callback that DeleteDC asks, with its window. */
+VORLANAPI BOOL GdiSetDeleteDCProc(HDC hdc, DeleteDCProc proc, HWND hWnd);
+/* Installs `hrgn` (DC coordinates, copied; 0 removes it) as the painting
+ * clip of a window DC. */
+VORLANAPI int _SetWindowDCUpdateRegion(HDC hdc, HRGN hrgn);
+/* Non-zero: drawing on the DC leaves child windows out; 0: it covers them. */
+VORLANAPI void _SetDCSubWindowMode(HDC hdc, BOOL mode);
+/* The GC and the drawable of the DC, or null. */
+VORLANAPI struct _GdkGC *GetGdkGC(HDC hdc);
+VORLANAPI struct _GdkDrawable *GetGdkDrawable(HDC hdc);
+/* Depth of the system visual. */
+VORLANAPI int GetSystemDisplayDepth(void);
+
 #endif /* RC_INVOKED */
 #endif /* VORLAN_VORLAN_H */

@@ -5,7 +5,10 @@
 #include "vorldefwindowproc.h"
 
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlpumpdeps.h"
+#include "gtk/vorlxwindow.h"
+#include "gtk/vorlmessage.h"
+#include "vorlnonclient.h"
+#include "gtk/vorlpending.h"
 #include "gtk/vorlthread.h"
 #include "gtk/vorlwindow.h"
 #include "gtk/vorlwindowpos.h"

@@ -15,9 +15,4 @@ LRESULT DefPrivateMessage(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
 // TRUE so that an enumeration goes on.
 BOOL CALLBACK NotifyAppActivation(HWND hWnd, LPARAM lParam);
 
-// The non-client frame: the client rectangle of a window rectangle, and
-// the part of the window a screen point lies in.
-void DefNCCalcSize(HWND hWnd, RECT *rect);
-LRESULT DefNCHitTest(HWND hWnd, POINT pt);
-
 #endif // VORLAN_VORLDEFWINDOWPROC_H

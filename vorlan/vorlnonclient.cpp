@@ -4,7 +4,8 @@
 // so the library answers HTNOWHERE there and never a caption code.
 #include "vorldefwindowproc.h"
 
-#include "gtk/vorlpumpdeps.h"
+#include "vorlnonclient.h"
+#include "gtk/vorlpending.h"
 #include "gtk/vorlwindow.h"
 #include "vorlwindowclass.h"
 

@@ -2,8 +2,8 @@
 // pages and language tags; ICU comparison and conversion; UTF-8 text in
 // GStrings for GTK and Pango; and StringTranslator, a scope object that
 // converts one string and owns the result for the span of one call.
-#ifndef VORLAN_VORLAN_VORLTEXTENCODING_H
-#define VORLAN_VORLAN_VORLTEXTENCODING_H
+#ifndef VORLAN_VORLTEXTENCODING_H
+#define VORLAN_VORLTEXTENCODING_H
 
 #include <windows.h>
 #include <vorlwchar.h>
@@ -151,4 +151,4 @@ private:
 
 } // namespace vorlan
 
-#endif // VORLAN_VORLAN_VORLTEXTENCODING_H
+#endif // VORLAN_VORLTEXTENCODING_H

@@ -3,12 +3,11 @@
 
 #include "vorlwindowclass.h"
 
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlpumpdeps.h"
 #include "gtk/vorlwindow.h"
 #include "vorlassert.h"
-#include "vorlcontrolprocs.h"
+#include "gtk/vorlpending.h"
 #include "vorlwindowproc.h"
 
 #include <cstdlib>

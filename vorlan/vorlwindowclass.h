@@ -1,8 +1,8 @@
 // The window class record.  Classes are keyed by their atom alone and are
 // process-wide; a class names its window procedure by a procedure id, a
 // small integer that stands for an ANSI and a wide procedure pair.
-#ifndef VORLAN_VORLAN_VORLWINDOWCLASS_H
-#define VORLAN_VORLAN_VORLWINDOWCLASS_H
+#ifndef VORLAN_VORLWINDOWCLASS_H
+#define VORLAN_VORLWINDOWCLASS_H
 
 #include <windows.h>
 #include <vorlan.h>
@@ -73,4 +73,4 @@ ULONG_PTR SetClassLongCore(HWND hWnd, int index, LONG_PTR value, BOOL wide, Long
 
 } // namespace vorlan
 
-#endif // VORLAN_VORLAN_VORLWINDOWCLASS_H
+#endif // VORLAN_VORLWINDOWCLASS_H

@@ -7,8 +7,8 @@
 // Entries are never freed or changed once written, and the table grows by
 // distinct procedures, not by windows: every window with the same
 // procedure shares one entry.
-#ifndef VORLAN_VORLAN_VORLWINDOWPROC_H
-#define VORLAN_VORLAN_VORLWINDOWPROC_H
+#ifndef VORLAN_VORLWINDOWPROC_H
+#define VORLAN_VORLWINDOWPROC_H
 
 #include <windows.h>
 
@@ -85,4 +85,4 @@ template <typename Char> bool IsClassNameString(const Char *name)
 
 } // namespace vorlan
 
-#endif // VORLAN_VORLAN_VORLWINDOWPROC_H
+#endif // VORLAN_VORLWINDOWPROC_H

@@ -3,7 +3,7 @@
 #include "support/window_objects.h"
 
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
 #include "gtk/vorlwindow.h"
 #include "gtk/vorlxwindow.h"
 #include "support/gtk_helpers.h"

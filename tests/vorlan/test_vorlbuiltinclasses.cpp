@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "support/expect_last_error.h"
-#include "vorlcontrolprocs.h"
+#include "gtk/vorlpending.h"
 #include "vorlwindowclass.h"
 
 #include <dlfcn.h>

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "support/expect_last_error.h"
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
 #include "gtk/vorlgtklock.h"
 #include "support/window_objects.h"
 #include "vorlwindowclass.h"

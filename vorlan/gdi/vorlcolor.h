@@ -1,6 +1,6 @@
 // How a colour value becomes a colour of a GDK colormap.
-#ifndef VORLAN_VORLAN_GDI_VORLCOLOR_H
-#define VORLAN_VORLAN_GDI_VORLCOLOR_H
+#ifndef VORLAN_GDI_VORLCOLOR_H
+#define VORLAN_GDI_VORLCOLOR_H
 
 #include <windows.h>
 
@@ -15,4 +15,4 @@ void getGdkColor(GdkColor *out, COLORREF color, GdkColormap *colormap);
 
 } // namespace vorlan
 
-#endif // VORLAN_VORLAN_GDI_VORLCOLOR_H
+#endif // VORLAN_GDI_VORLCOLOR_H

@@ -14,14 +14,14 @@
 //         VorlPSContext             OBJ_DC, PostScript
 //
 // Every operation expects its caller to hold the toolkit lock.
-#ifndef VORLAN_VORLAN_GDI_VORLDC_H
-#define VORLAN_VORLAN_GDI_VORLDC_H
+#ifndef VORLAN_GDI_VORLDC_H
+#define VORLAN_GDI_VORLDC_H
 
 #include <windows.h>
+#include <vorlan.h>
 
 #include "gdi/vorlgdiobject.h"
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlpumpdeps.h"
 #include <gdk-pixbuf/gdk-pixbuf.h>
 #include <gdk/gdk.h>
 #include <pango/pango.h>
@@ -471,4 +471,4 @@ template <typename Result, typename Call> Result CallOnTrustedDC(HDC hdc, Result
 
 } // namespace vorlan
 
-#endif // VORLAN_VORLAN_GDI_VORLDC_H
+#endif // VORLAN_GDI_VORLDC_H

@@ -8,7 +8,7 @@
 #include "gdi/vorlgdisystem.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlsysparams.h"
-#include "gtk/vorlpumpdeps.h"
+#include "gtk/vorlpending.h"
 #include "vorlassert.h"
 
 #include <cstdio>

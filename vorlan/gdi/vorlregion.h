@@ -2,8 +2,8 @@
 // screen slot holds a GdkRegion in device coordinates; every region call
 // works on that GdkRegion.  The caller of anything here holds the toolkit
 // lock.
-#ifndef VORLAN_VORLAN_GDI_VORLREGION_H
-#define VORLAN_VORLAN_GDI_VORLREGION_H
+#ifndef VORLAN_GDI_VORLREGION_H
+#define VORLAN_GDI_VORLREGION_H
 
 #include <windows.h>
 
@@ -52,4 +52,4 @@ RECT RectFromGdkRect(const GdkRectangle &rect);
 
 } // namespace vorlan
 
-#endif // VORLAN_VORLAN_GDI_VORLREGION_H
+#endif // VORLAN_GDI_VORLREGION_H

@@ -2,9 +2,11 @@
 // event handler, and the X filter of each top-level window.
 
 #include "gtk/vorlwindowpaint.h"
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
+#include "gtk/vorleventpump.h"
+#include "gtk/vorlwindowpos.h"
+#include "gtk/vorlpending.h"
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlpumpdeps.h"
 #include "gtk/vorlwindow.h"
 #include "gtk/vorlxwindow.h"
 #include "vorlprivatemessages.h"

@@ -6,9 +6,8 @@
 
 #include <brano.h>
 
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlpumpdeps.h"
 #include "gtk/vorlthread.h"
 #include "gtk/vorlwindow.h"
 #include "vorlinitorder.h"
@@ -382,15 +381,14 @@ LRESULT SendToOtherThread(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam,
 
 LRESULT SendMessageAW(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam, BOOL wide)
 {
-    if (!vorlan::WindowExists(hWnd)) {
+    const vorlan::Window *pWnd = vorlan::getWindow(hWnd);
+    if (pWnd == nullptr) {
         SetLastError(ERROR_INVALID_WINDOW_HANDLE);
         return 0;
     }
-    if (vorlan::WindowThreadId(hWnd) != GetCurrentThreadId())
+    if (pWnd->dwThreadId != GetCurrentThreadId())
         return SendToOtherThread(hWnd, message, wParam, lParam, wide);
-    if (const vorlan::Window *pWnd = vorlan::getWindow(hWnd))
-        return CallOwnProcedure(pWnd, message, wParam, lParam, wide);
-    return vorlan::SendToStandInWindow(hWnd, message, wParam, lParam);
+    return CallOwnProcedure(pWnd, message, wParam, lParam, wide);
 }
 
 LRESULT WINAPI SendMessageA(HWND hWnd, UINT Msg, WPARAM wParam, LPARAM lParam)
@@ -507,23 +505,19 @@ UINT WINAPI RegisterWindowMessageW(LPCWSTR lpString)
 // ----------------------------------------------------------------------------
 // What the message queues ask about a window: its thread, whether it lives,
 // whether it lies below another window, and the two paint states.
-//
-// A handle that the window table knows is answered from its window object;
-// any other handle goes on to the stand-in answers.  The caller holds the
-// toolkit lock, which guards the table.
+// The caller holds the toolkit lock, which guards the window table.
 
 namespace vorlan {
 
 DWORD WindowThreadId(HWND hWnd)
 {
-    if (const Window *pWnd = getWindow(hWnd))
-        return pWnd->dwThreadId;
-    return StandInWindowThreadId(hWnd);
+    const Window *pWnd = getWindow(hWnd);
+    return pWnd != nullptr ? pWnd->dwThreadId : 0;
 }
 
 bool WindowExists(HWND hWnd)
 {
-    return getWindow(hWnd) != nullptr || StandInWindowExists(hWnd);
+    return getWindow(hWnd) != nullptr;
 }
 
 bool WindowIsDescendant(HWND parent, HWND hWnd)
@@ -532,7 +526,7 @@ bool WindowIsDescendant(HWND parent, HWND hWnd)
         return false;
     const Window *pWnd = getWindow(hWnd);
     if (pWnd == nullptr)
-        return StandInWindowIsDescendant(parent, hWnd);
+        return false;
     for (const Window *above = pWnd->pWndParent; above != nullptr; above = above->pWndParent) {
         if (above->hWnd == parent)
             return true;
@@ -544,7 +538,7 @@ bool TakeNcPaintPending(HWND hWnd)
 {
     Window *pWnd = getWindow(hWnd);
     if (pWnd == nullptr)
-        return TakeStandInNcPaintPending(hWnd);
+        return false;
     const bool pending = (pWnd->dwFlags & WF_NCPAINTPENDING) != 0;
     pWnd->dwFlags &= ~static_cast<DWORD>(WF_NCPAINTPENDING);
     return pending;
@@ -552,9 +546,8 @@ bool TakeNcPaintPending(HWND hWnd)
 
 bool HasUpdateRegion(HWND hWnd)
 {
-    if (const Window *pWnd = getWindow(hWnd))
-        return pWnd->hUpdateRegion != nullptr;
-    return StandInHasUpdateRegion(hWnd);
+    const Window *pWnd = getWindow(hWnd);
+    return pWnd != nullptr && pWnd->hUpdateRegion != nullptr;
 }
 
 } // namespace vorlan

@@ -1,8 +1,8 @@
 // The message calls inside the library: the shared cores of the exported
 // calls, posting to a thread's queue and sending to a window of another
 // thread.
-#ifndef VORLAN_VORLAN_GTK_VORLMESSAGE_H
-#define VORLAN_VORLAN_GTK_VORLMESSAGE_H
+#ifndef VORLAN_GTK_VORLMESSAGE_H
+#define VORLAN_GTK_VORLMESSAGE_H
 
 #include <windows.h>
 
@@ -52,4 +52,30 @@ void GetMessagesFromGlobalQueue(std::deque<_MSG> &queue);
 // whose data goes away).
 std::deque<_MSG> TakeGlobalQueueOf(DWORD tid);
 
-#endif // VORLAN_VORLAN_GTK_VORLMESSAGE_H
+// ----------------------------------------------------------------------------
+// What the message queues ask about a window.  They answer from the window
+// object of the handle; the caller holds the toolkit lock.
+
+namespace vorlan {
+// The thread that owns the window (GetWindowThreadProcessId), 0 for a bad handle.
+DWORD WindowThreadId(HWND hWnd);
+// The handle names a live window (IsWindow).
+bool WindowExists(HWND hWnd);
+// `hWnd` lies below `parent` along the parent links (IsChild); never the
+// window itself.
+bool WindowIsDescendant(HWND parent, HWND hWnd);
+// Clears WF_NCPAINTPENDING of the window and tells whether it was set.
+bool TakeNcPaintPending(HWND hWnd);
+// The window has an hUpdateRegion; false for a dead window.
+bool HasUpdateRegion(HWND hWnd);
+} // namespace vorlan
+
+// The core of SendMessageW and SendMessageA: a window of the calling thread
+// gets its procedure called, a window of another thread gets the message
+// through the queues.  The caller holds the toolkit lock.
+LRESULT SendMessageAW(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam, BOOL wide);
+
+// Runs the hook chain for a message taken from a queue; non-zero swallows it.
+BOOL DispatchHook(MSG *msg, BOOL remove, BOOL wide);
+
+#endif // VORLAN_GTK_VORLMESSAGE_H

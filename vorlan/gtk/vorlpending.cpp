@@ -1,86 +1,39 @@
-// Minimal behaviour of the subsystems that the event pump, start-up and the
-// window objects call into but that are not there yet (declared in
-// vorlpumpdeps.h): the default procedure, lifecycle, activation,
-// frame, menus, device contexts, input, painting, clipboard, foreign
-// windows and drag and drop.
+// Placeholders for the areas that are not written yet (see vorlpending.h),
+// and the exported calls of those areas that other parts already use.
 //
 // Nothing is foreground or captured, events meant for windows are taken
-// and dropped, and the drag filters let everything pass.  Each definition
-// goes away when its subsystem provides the real one.
-#include "gtk/vorlpumpdeps.h"
+// and dropped, there are no menus, cursors or carets, and the drag filters
+// let everything pass.  Each definition goes away when its area provides
+// the real one.
+#include "gtk/vorlpending.h"
 
-#include "gdi/screen/vorlscreendc.h"
-
-#include "gtk/vorlgtklock.h"
-#include "gtk/vorlmessage.h"
-#include "gtk/vorltestwindows.h"
 #include "gtk/vorlthread.h"
-#include "gtk/vorlglobals.h"
-#include "gtk/vorlwindow.h"
-#include "gtk/vorlxwindow.h"
-#include "vorlwindowclass.h"
 
-// ---- Start-up --------------------------------------------------------------
+// ---- Clipboard (vorlan/gtk/vorlclipboard) ----------------------------------
 
 namespace vorlan {
 void InitializeClipboard() {}
 } // namespace vorlan
 
-// ---- Window objects ---------------------------------------------------------
+// ---- Keyboard, focus and activation (vorlan/gtk/vorlkeyboard) ---------------
+//
+// No window is ever active or foreground yet.
+
+void SetForegroundThreadId(DWORD) {}
+
+HWND SetActiveWindowCore(HWND, BOOL) { return nullptr; }
+
+void EnsureFocusAndForegroundConsistent() {}
 
 HWND WINAPI GetForegroundWindow(void) { return nullptr; }
 
-HWND WINAPI GetCapture(void) { return nullptr; }
+BOOL WINAPI SetForegroundWindow(HWND) { return FALSE; }
 
-// ---- Painting ---------------------------------------------------------------
+HWND WINAPI SetActiveWindow(HWND) { return nullptr; }
 
-void ExposeWindows(GdkRectangle *) {}
-
-// ---- Input and geometry -----------------------------------------------------
-
-void TranslateMouseEvent(GdkEvent *) {}
+HWND WINAPI SetFocus(HWND) { return nullptr; }
 
 void TranslateKeyEvent(GdkEvent *) {}
-
-
-
-// ---- Drag and drop ----------------------------------------------------------
-
-GdkFilterReturn vorl_drag_x_filter(GdkXEvent *, GdkEvent *, gpointer) { return GDK_FILTER_CONTINUE; }
-
-int vorl_drag_event_filter(GdkEvent *, gpointer) { return 0; }
-
-// ---- Message queues -----------------------------------------------------------
-//
-// Handles that the window table does not know are asked of the stand-in
-// windows, and a send within the thread to one calls its procedure.
-
-namespace vorlan {
-
-DWORD StandInWindowThreadId(HWND hWnd) { return testing::TestWindowThread(hWnd); }
-
-bool StandInWindowExists(HWND hWnd) { return testing::IsTestWindow(hWnd); }
-
-bool StandInWindowIsDescendant(HWND parent, HWND hWnd) { return testing::IsTestWindowDescendant(parent, hWnd); }
-
-bool TakeStandInNcPaintPending(HWND hWnd) { return testing::TakeTestWindowNcPaintPending(hWnd); }
-
-bool StandInHasUpdateRegion(HWND hWnd) { return testing::TestWindowHasUpdateRegion(hWnd); }
-
-} // namespace vorlan
-
-namespace vorlan {
-
-LRESULT SendToStandInWindow(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    WNDPROC procedure = testing::TestWindowProcedure(hWnd);
-    if (procedure == nullptr)
-        return 0;
-    GtkLockReleaser unlocked;
-    return procedure(hWnd, message, wParam, lParam);
-}
-
-} // namespace vorlan
 
 // Keys go to the focus window, else to the active window of the thread.
 BOOL ProcessKeyMessage(_InputMSG *record)
@@ -89,6 +42,23 @@ BOOL ProcessKeyMessage(_InputMSG *record)
     record->hwnd = data->hWndFocus ? data->hWndFocus : data->hWndActive;
     return record->hwnd != nullptr;
 }
+
+// ---- Mouse and capture (vorlan/gtk/vorlmouse) --------------------------------
+
+HWND WINAPI GetCapture(void) { return nullptr; }
+
+BOOL WINAPI ReleaseCapture(void) { return FALSE; }
+
+BOOL WINAPI GetCursorPos(LPPOINT lpPoint)
+{
+    if (lpPoint == nullptr)
+        return FALSE;
+    lpPoint->x = 0;
+    lpPoint->y = 0;
+    return TRUE;
+}
+
+void TranslateMouseEvent(GdkEvent *) {}
 
 // The pointer goes to the capture window, else to the active window; the
 // screen point stands for the client point.
@@ -104,47 +74,7 @@ BOOL ProcessMouseMessage(_InputMSG *record)
     return TRUE;
 }
 
-void DestroyStandInWindowsOfThread(DWORD tid) { vorlan::testing::DestroyTestWindowsOfThread(tid); }
-
-BOOL WINAPI GetCursorPos(LPPOINT lpPoint)
-{
-    if (lpPoint == nullptr)
-        return FALSE;
-    lpPoint->x = 0;
-    lpPoint->y = 0;
-    return TRUE;
-}
-
-// ---- Window lifecycle and activation -------------------------------------------
-//
-// No window is ever active or foreground yet.
-
-void SetForegroundThreadId(DWORD) {}
-
-BOOL WINAPI SetForegroundWindow(HWND) { return FALSE; }
-
-HWND WINAPI SetActiveWindow(HWND) { return nullptr; }
-
-HWND SetActiveWindowCore(HWND, BOOL) { return nullptr; }
-
-HWND WINAPI SetFocus(HWND) { return nullptr; }
-
-BOOL WINAPI ReleaseCapture(void) { return FALSE; }
-
-void EnsureFocusAndForegroundConsistent() {}
-
-// ---- Painting -------------------------------------------------------------------
-//
-// The window manager draws the frames of decorated windows; the library's
-// own frames are not drawn yet.
-
-void DefNCPaint(HWND, HRGN) {}
-
-// ---- Cursors, caret and input method ----------------------------------------------
-
-BOOL WINAPI HideCaret(HWND) { return FALSE; }
-
-BOOL WINAPI ShowCaret(HWND) { return FALSE; }
+// ---- Cursors and caret (vorlan/gtk/vorlcursor, vorlan/vorlcaret) ---------------
 
 HCURSOR WINAPI LoadCursorA(HINSTANCE, LPCSTR) { return nullptr; }
 
@@ -152,19 +82,15 @@ HCURSOR WINAPI LoadCursorW(HINSTANCE, LPCWSTR) { return nullptr; }
 
 HCURSOR WINAPI SetCursor(HCURSOR) { return nullptr; }
 
+BOOL WINAPI HideCaret(HWND) { return FALSE; }
+
+BOOL WINAPI ShowCaret(HWND) { return FALSE; }
+
 BOOL WINAPI DestroyCaret(void) { return FALSE; }
 
-HWND WINAPI ImmGetDefaultIMEWnd(HWND) { return nullptr; }
-
-void DestroyIMEWindow(HWND) {}
-
-void IMFocusOut(HWND) {}
-
-void RequestXEmbedFocus(HWND) {}
-
-// ---- Frame and menus -------------------------------------------------------------
+// ---- Menus (vorlan/vorlmenu) --------------------------------------------------
 //
-// There are no menus: no window has a menu bar and no menu can be loaded.
+// No window has a menu bar and no menu can be loaded.
 
 BOOL WINAPI IsMenu(HMENU) { return FALSE; }
 
@@ -196,19 +122,97 @@ HWND GetMenuOwner() { return nullptr; }
 
 void ExitMenu() {}
 
+// ---- Non-client frame (vorlan/vorlnonclient) ------------------------------------
+//
+// The window manager draws the frames of decorated windows; the library's
+// own frames are not drawn yet.
+
+void DefNCPaint(HWND, HRGN) {}
+
 void DefNCMouse(HWND, UINT, WPARAM, LPARAM) {}
 
 void DefSizeCommand(HWND, int, POINT) {}
 
-// ---- Device contexts ---------------------------------------------------------------
+// ---- Metafiles (vorlan/gdi/vorlmetafile) -------------------------------------------
 
 // No metafile context records objects yet.
 BOOL DeleteObjectFromMetaFile(HDC, HGDIOBJ) { return FALSE; }
 
-// ---- Foreign windows -----------------------------------------------------------------
+// ---- Foreign windows and XEmbed (vorlan/gtk/vorlplug) ------------------------------
 
 BOOL IsHSRWindow(Display *, XID) { return FALSE; }
 
 void ActivateForeignWindow(Display *, XID) {}
 
 HWND CreateForeignWindow(XID, DWORD) { return nullptr; }
+
+void RequestXEmbedFocus(HWND) {}
+
+// ---- Input method (vorlan/gtk/vorlimm) -----------------------------------------------
+
+HWND WINAPI ImmGetDefaultIMEWnd(HWND) { return nullptr; }
+
+void DestroyIMEWindow(HWND) {}
+
+void IMFocusOut(HWND) {}
+
+// ---- Painting of GTK dialogs (vorlan/gtk/vorlwindowpaint) ------------------------------
+
+void ExposeWindows(GdkRectangle *) {}
+
+// ---- Drag and drop (vorlan/gtk/vorldrag) -------------------------------------------------
+
+GdkFilterReturn vorl_drag_x_filter(GdkXEvent *, GdkEvent *, gpointer) { return GDK_FILTER_CONTINUE; }
+
+int vorl_drag_event_filter(GdkEvent *, gpointer) { return 0; }
+
+// ---- Controls (vorlan/vorlbutton, vorlan/vorlstatic, vorlan/vorledit, ...) ---------------
+//
+// The controls have no behaviour of their own yet: each core passes the
+// message on to the default window procedure of the form it was called in,
+// so a control is for now a plain window that keeps its text and answers
+// the default messages.
+
+namespace {
+
+LRESULT ControlDefaultProcAW(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam, BOOL wide)
+{
+    if (wide)
+        return DefWindowProcW(hWnd, message, wParam, lParam);
+    return DefWindowProcA(hWnd, message, wParam, lParam);
+}
+
+} // namespace
+
+#define VORLAN_CONTROL_ENTRY_POINTS(name)                                                                   \
+    LRESULT CALLBACK name##A(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)                        \
+    {                                                                                                       \
+        return ControlDefaultProcAW(hWnd, message, wParam, lParam, FALSE);                                  \
+    }                                                                                                       \
+    LRESULT CALLBACK name##W(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)                        \
+    {                                                                                                       \
+        return ControlDefaultProcAW(hWnd, message, wParam, lParam, TRUE);                                   \
+    }
+
+VORLAN_CONTROL_ENTRY_POINTS(StaticWindowProc)
+VORLAN_CONTROL_ENTRY_POINTS(ButtonWindowProc)
+VORLAN_CONTROL_ENTRY_POINTS(EditWindowProc)
+VORLAN_CONTROL_ENTRY_POINTS(ListBoxWindowProc)
+VORLAN_CONTROL_ENTRY_POINTS(ComboBoxWindowProc)
+VORLAN_CONTROL_ENTRY_POINTS(ScrollBarWindowProc)
+VORLAN_CONTROL_ENTRY_POINTS(MenuWindowProc)
+VORLAN_CONTROL_ENTRY_POINTS(StatusBarWindowProc)
+
+// ---- Dialog manager (vorlan/vorldialog) ------------------------------------------------------
+//
+// Dialog boxes are plain windows until the dialog manager exists.
+
+LRESULT WINAPI DefDlgProcA(HWND hDlg, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return ControlDefaultProcAW(hDlg, message, wParam, lParam, FALSE);
+}
+
+LRESULT WINAPI DefDlgProcW(HWND hDlg, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return ControlDefaultProcAW(hDlg, message, wParam, lParam, TRUE);
+}

@@ -5,9 +5,11 @@
 
 #include <vorlan.h>
 
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
+#include "gtk/vorleventpump.h"
+#include "gtk/vorlxwindow.h"
+#include "gtk/vorlpending.h"
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlpumpdeps.h"
 #include "gtk/vorlwindow.h"
 #include "vorlassert.h"
 #include "vorlinitorder.h"

@@ -1,7 +1,7 @@
 // System values inside the library: the desktop's work area and narrow
 // copies of wide LOGFONT records.
-#ifndef VORLAN_VORLAN_GTK_VORLSYSPARAMS_H
-#define VORLAN_VORLAN_GTK_VORLSYSPARAMS_H
+#ifndef VORLAN_GTK_VORLSYSPARAMS_H
+#define VORLAN_GTK_VORLSYSPARAMS_H
 
 #include <windows.h>
 
@@ -25,4 +25,4 @@ RECT GetDesktopWorkArea();
 // when the face name converted.
 BOOL CopyLOGFONT_W2A(const LOGFONTW *w, LOGFONTA *a);
 
-#endif // VORLAN_VORLAN_GTK_VORLSYSPARAMS_H
+#endif // VORLAN_GTK_VORLSYSPARAMS_H

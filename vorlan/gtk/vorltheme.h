@@ -1,8 +1,8 @@
 // The hidden GTK widgets whose styles give the controls their look, and the
 // sizes and colours read from them for the system metrics and colours and
 // for painting.
-#ifndef VORLAN_VORLAN_GTK_VORLTHEME_H
-#define VORLAN_VORLAN_GTK_VORLTHEME_H
+#ifndef VORLAN_GTK_VORLTHEME_H
+#define VORLAN_GTK_VORLTHEME_H
 
 #include <windows.h>
 
@@ -71,4 +71,4 @@ unsigned long AdjustBrightness(unsigned long color, int delta);
 // A GDK colour as a COLORREF: the high byte of each 16-bit channel.
 COLORREF GdkColorToColorRef(const GdkColor &color);
 
-#endif // VORLAN_VORLAN_GTK_VORLTHEME_H
+#endif // VORLAN_GTK_VORLTHEME_H

@@ -6,10 +6,11 @@
 
 #include <imm.h>
 
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
+#include "gtk/vorlwindow.h"
+#include "gtk/vorlpending.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlmessage.h"
-#include "gtk/vorlpumpdeps.h"
 #include "vorlassert.h"
 #include "vorlinitorder.h"
 #include "vorlprivatemessages.h"

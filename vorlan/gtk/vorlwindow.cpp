@@ -7,8 +7,9 @@
 
 #include "gtk/vorlwindow.h"
 
-#include "gtk/vorlglobals.h"
-#include "gtk/vorlpumpdeps.h"
+#include <vorlan.h>
+
+#include "gtk/vorlstartup.h"
 #include "vorlassert.h"
 #include "vorlwindowclass.h"
 

@@ -5,8 +5,8 @@
 // never 0 and never looks like a pointer.  getWindow is the only way from a
 // handle to its object.  The table and every field are guarded by the
 // toolkit lock; getWindow itself takes no lock and sets no error.
-#ifndef VORLAN_VORLAN_GTK_VORLWINDOW_H
-#define VORLAN_VORLAN_GTK_VORLWINDOW_H
+#ifndef VORLAN_GTK_VORLWINDOW_H
+#define VORLAN_GTK_VORLWINDOW_H
 
 #include <windows.h>
 
@@ -195,4 +195,15 @@ int DefGetTextAW(HWND hWnd, void *buffer, int size, BOOL wide);
 int DefGetTextW(HWND hWnd, LPWSTR buffer, int size);
 int DefGetTextA(HWND hWnd, LPSTR buffer, int size);
 
-#endif // VORLAN_VORLAN_GTK_VORLWINDOW_H
+// The handle attached to a GDK window as its "HWND" data, or 0.
+HWND getAssociatedWindow(GdkDrawable *drawable);
+
+// Makes hWndOwner the owner of a top-level window and returns the old
+// owner's handle.
+HWND SetOwner(HWND hWnd, HWND hWndOwner);
+
+// Frees the window objects of a thread that ends, with every window below
+// them.  Sends no message and destroys no GDK window.
+void DestroyThreadWindows(DWORD tid);
+
+#endif // VORLAN_GTK_VORLWINDOW_H

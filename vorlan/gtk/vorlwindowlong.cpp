@@ -3,9 +3,12 @@
 
 #include "gtk/vorlwindowlong.h"
 
-#include "gtk/vorlglobals.h"
+#include <vorlan.h>
+#include "vorlwindowproc.h"
+
+#include "gtk/vorlstartup.h"
+#include "gtk/vorlpending.h"
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlpumpdeps.h"
 #include "gtk/vorlwindow.h"
 #include "vorlscrollbarinfo.h"
 

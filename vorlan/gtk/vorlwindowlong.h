@@ -5,8 +5,8 @@
 // the indexes that hold pointers (error 1413) and read and write 32 bits
 // of the extra bytes; the pointer-sized forms read and write a whole
 // pointer.  Where a LONG holds a pointer the two are the same.
-#ifndef VORLAN_VORLAN_GTK_VORLWINDOWLONG_H
-#define VORLAN_VORLAN_GTK_VORLWINDOWLONG_H
+#ifndef VORLAN_GTK_VORLWINDOWLONG_H
+#define VORLAN_GTK_VORLWINDOWLONG_H
 
 #include <windows.h>
 
@@ -115,4 +115,4 @@ inline bool IsDialogFlagsAccess(const Window *pWnd, int offset)
 
 } // namespace vorlan
 
-#endif // VORLAN_VORLAN_GTK_VORLWINDOWLONG_H
+#endif // VORLAN_GTK_VORLWINDOWLONG_H

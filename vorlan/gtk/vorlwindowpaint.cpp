@@ -2,10 +2,11 @@
 // and EndPaint, window DCs, and X exposes turned into invalidations.
 
 #include "gdi/screen/vorlscreendc.h"
+
+#include <vorlan.h>
 #include "gtk/vorlwindowpaint.h"
-#include "gtk/vorlglobals.h"
+#include "vorlnonclient.h"
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlpumpdeps.h"
 #include "gtk/vorlthread.h"
 #include "gtk/vorlwindowpos.h"
 #include "gtk/vorlwindowsearch.h"

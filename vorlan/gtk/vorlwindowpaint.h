@@ -1,7 +1,7 @@
 // Update regions and the paint cycle: how a window's update region grows
 // and shrinks, what queues it for painting, and how it gets a DC.
-#ifndef VORLAN_VORLAN_GTK_VORLWINDOWPAINT_H
-#define VORLAN_VORLAN_GTK_VORLWINDOWPAINT_H
+#ifndef VORLAN_GTK_VORLWINDOWPAINT_H
+#define VORLAN_GTK_VORLWINDOWPAINT_H
 
 #include <windows.h>
 
@@ -42,9 +42,6 @@ LRESULT SendEraseBackground(HWND hWnd);
 } // namespace vorlan
 
 VORLAN_BEGIN_DECLS
-// Installs `hrgn` (DC coordinates, copied; 0 removes it) as the painting
-// clip of a window DC.
-int _SetWindowDCUpdateRegion(HDC hdc, HRGN hrgn);
 // Answers DeleteDC for a window's DC: the kept DC of a CS_OWNDC window
 // stays, every other DC goes.
 BOOL UserDeleteDCProc(HDC hdc, HWND hWnd);
@@ -77,4 +74,15 @@ inline GdkRectangle ExposedGdkRectangle(const XExposeEvent &expose)
 
 } // namespace vorlan
 
-#endif // VORLAN_VORLAN_GTK_VORLWINDOWPAINT_H
+// An exposed rectangle of a window's X window becomes an invalidation.
+void ExposeWindows(HWND hWnd, const RECT *rect);
+
+// Marks the frame for WM_NCPAINT and queues the window for painting.
+void InvalidateNC(HWND hWnd);
+
+// Takes the Expose events already queued on the display and turns them into
+// invalidations at once, without waiting for the main loop.  The caller
+// holds the toolkit lock.
+void ProcessExposeEvents();
+
+#endif // VORLAN_GTK_VORLWINDOWPAINT_H

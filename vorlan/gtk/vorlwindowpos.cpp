@@ -5,9 +5,12 @@
 
 #include "gtk/vorlwindowpos.h"
 
-#include "gtk/vorlglobals.h"
+#include <vorlan.h>
+
+#include "gtk/vorlstartup.h"
+#include "gtk/vorlwindowpaint.h"
+#include "vorlnonclient.h"
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlpumpdeps.h"
 #include "gtk/vorlwindow.h"
 #include "gtk/vorlxwindow.h"
 

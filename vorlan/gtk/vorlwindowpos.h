@@ -6,6 +6,8 @@
 
 #include <windows.h>
 
+#include <gdk/gdk.h>
+
 // Private SetWindowPos flags, set in the working copy of the flags or
 // passed by callers inside the library.  WM_WINDOWPOSCHANGED carries them
 // to the default procedure.
@@ -43,5 +45,15 @@ void EnableWindowFuncs(HWND hWnd, BOOL enable);
 
 // SetWindowPos without taking the lock: the caller holds it.
 BOOL SetWindowPosCore(HWND hWnd, HWND hWndAfter, int x, int y, int cx, int cy, UINT flags);
+
+namespace vorlan {
+// Sets or clears WF_OBSCURED.
+void SetWindowObscured(HWND hWnd, bool obscured);
+} // namespace vorlan
+
+// The window manager or the server moved, sized or changed the state of a
+// window: the Win32 side follows.
+void HandleGdkConfigureEvent(HWND hWnd, GdkEventConfigure *event);
+void HandleGdkWindowStateEvent(HWND hWnd, GdkEventWindowState *event);
 
 #endif // VORLAN_GTK_VORLWINDOWPOS_H

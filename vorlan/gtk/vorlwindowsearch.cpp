@@ -5,9 +5,8 @@
 
 #include <vorlan.h>
 
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlpumpdeps.h"
 #include "gtk/vorlwindow.h"
 #include "gtk/vorlxwindow.h"
 #include "vorlwidestring.h"

@@ -4,9 +4,10 @@
 
 #include "gtk/vorlxwindow.h"
 
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
+#include "gtk/vorleventpump.h"
+#include "gtk/vorlpending.h"
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlpumpdeps.h"
 #include "gtk/vorlwindow.h"
 #include "gtk/vorlwindowpos.h"
 #include "vorlassert.h"

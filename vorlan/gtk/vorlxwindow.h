@@ -1,8 +1,8 @@
 // The X side of window objects: the GDK and X windows behind a handle, the
 // geometry of a window's X window, window manager protocols, X focus.
 // Callers hold the toolkit lock.
-#ifndef VORLAN_VORLAN_GTK_VORLXWINDOW_H
-#define VORLAN_VORLAN_GTK_VORLXWINDOW_H
+#ifndef VORLAN_GTK_VORLXWINDOW_H
+#define VORLAN_GTK_VORLXWINDOW_H
 
 #include <windows.h>
 
@@ -51,15 +51,7 @@ void SetWMInputMode(HWND hWnd);
 // as properties of its X window.  Always TRUE.
 BOOL SetXWindowInfo(HWND hWnd);
 
-// The X filter of one top-level window (data: its handle): focus requests
-// of the window manager, and the loss of the X focus to another client.
-GdkFilterReturn topwindow_x_filter(GdkXEvent *xevent, GdkEvent *event, gpointer data);
-// WM_TAKE_FOCUS for the window.  TRUE when the message was handled.
-BOOL HandleClientMessages(HWND hWnd, XEvent *event);
 
-// Frees the window objects of a thread that ends, with every window below
-// them.  Sends no message and destroys no GDK window.
-void DestroyThreadWindows(DWORD tid);
 
 // ----------------------------------------------------------------------------
 // A scope that catches X errors.
@@ -91,4 +83,20 @@ private:
 
 } // namespace vorlan
 
-#endif // VORLAN_VORLAN_GTK_VORLXWINDOW_H
+// TRUE when the window was not made here (also the desktop).
+BOOL IsForeignWindow(HWND hWnd);
+
+// The XID behind the window, 0 for a bad handle.
+XID GetXWindow(HWND hWnd);
+
+namespace vorlan {
+// A foreign window with WS_CHILD: an embedded client.
+bool IsForeignChildWindow(HWND hWnd);
+// The window is the wrapper of a real GTK dialog widget.
+bool HasGtkWidget(HWND hWnd);
+} // namespace vorlan
+
+// Reports an X error and stops; installed only under XSynchronize.
+int VorlXErrorHandler(Display *display, XErrorEvent *error);
+
+#endif // VORLAN_GTK_VORLXWINDOW_H

@@ -3,9 +3,11 @@
 // queries and the window text.  Every message can destroy the window under
 // the caller, so the sequences test IsWindow after each message.
 
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
+#include "gtk/vorlwindowpaint.h"
+#include "vorlnonclient.h"
+#include "gtk/vorlpending.h"
 #include "gtk/vorlgtklock.h"
-#include "gtk/vorlpumpdeps.h"
 #include "gtk/vorlthread.h"
 #include "gtk/vorlwindow.h"
 #include "gtk/vorlwindowpos.h"
@@ -480,7 +482,6 @@ void DestroyThreadWindows(DWORD tid)
         DetachHandle(pWnd->foreignWindow);
         delete pWnd;
     }
-    DestroyStandInWindowsOfThread(tid);
 }
 
 // ----------------------------------------------------------------------------

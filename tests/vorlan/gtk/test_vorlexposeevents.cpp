@@ -1,7 +1,7 @@
 // Expose events taken from the display ahead of the main loop.
 #include <gtest/gtest.h>
 
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlwindowpaint.h"
 #include "gtk/vorlgtklock.h"
 #include "support/gtk_helpers.h"
 

@@ -3,10 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlmessage.h"
-#include "gtk/vorlpumpdeps.h"
 #include "gtk/vorltestwindows.h"
 #include "gtk/vorlthread.h"
 #include "gtk/vorlwindow.h"

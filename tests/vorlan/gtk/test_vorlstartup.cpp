@@ -6,7 +6,8 @@
 
 #include <vorlan.h>
 
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
+#include "gtk/vorleventpump.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlxwindow.h"
 #include "support/gtk_helpers.h"

@@ -2,7 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "vorlwindowproc.h"
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
+#include "gtk/vorleventpump.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlwindowlong.h"
 #include "support/gtk_helpers.h"

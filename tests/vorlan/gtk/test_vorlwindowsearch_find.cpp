@@ -1,7 +1,7 @@
 // FindWindow and FindWindowEx: list order, hWndAfter, classes, titles.
 #include <gtest/gtest.h>
 
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlwindow.h"
 #include "support/gtk_helpers.h"

@@ -4,7 +4,7 @@
 
 #include <vorlan.h>
 
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlwindowsearch.h"
 #include "support/gtk_helpers.h"

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "vorlwindowproc.h"
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlwindow.h"
 #include "support/child_process.h"

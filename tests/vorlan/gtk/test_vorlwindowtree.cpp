@@ -1,7 +1,7 @@
 // Links of the window tree and the child lists.
 #include <gtest/gtest.h>
 
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlwindow.h"
 #include "support/gtk_helpers.h"

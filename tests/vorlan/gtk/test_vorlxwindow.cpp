@@ -2,7 +2,7 @@
 // geometry, window manager protocols, properties, focus and frames.
 #include <gtest/gtest.h>
 
-#include "gtk/vorlglobals.h"
+#include "gtk/vorlstartup.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlxwindow.h"
 #include "support/gtk_helpers.h"

@@ -131,17 +131,7 @@ private:
     void drawRadialArc(const Radial &shape, gboolean filled);
 };
 
-// A window DC of `hwnd` on its GdkWindow; `rect` is the DC's place in the
-// drawable.  The caller holds the toolkit lock.
-HDC GdiCreateWindowDC(HWND hwnd, DWORD flags, GdkDrawable *drawable, const RECT *rect);
-// The DC's place in its drawable; FALSE for anything but a screen context.
-BOOL GdiGetDCOutputBounds(HDC hdc, RECT *rect);
 // The screen context of a window or memory DC handle, or null.
 ScreenContext *GetScreenContext(HDC hdc);
-// The GC and the drawable of a window or memory DC, or null.
-GdkGC *GetGdkGC(HDC hdc);
-GdkDrawable *GetGdkDrawable(HDC hdc);
-// Depth of the system visual.
-int GetSystemDisplayDepth();
 
 #endif // VORLAN_GDI_SCREEN_VORLSCREENDC_H

@@ -1,7 +1,7 @@
-// Process-wide state set up at start-up, and the entry points of the event
-// pump that GDK calls: the X event filter and the GDK event handler.
-#ifndef VORLAN_GTK_VORLGLOBALS_H
-#define VORLAN_GTK_VORLGLOBALS_H
+// Process start-up: the process data object and the process-wide values it
+// sets up.
+#ifndef VORLAN_GTK_VORLSTARTUP_H
+#define VORLAN_GTK_VORLSTARTUP_H
 
 #include <windows.h>
 
@@ -46,23 +46,11 @@ extern XErrorHandler xErrorHandler;
 // The desktop window, made by UserInitialize at start-up.
 extern HWND g_hWndDesktop;
 
-// Sees every X event before GDK translates it.  Installed for all windows.
-GdkFilterReturn vorlan_x_event_filter(GdkXEvent *xevent, GdkEvent *event, gpointer data);
-
-// Sees every GDK event: windows with an HWND go to the window layer, all
-// others to GTK.
-void vorlan_gdk_event_handler(GdkEvent *event, gpointer data);
-
-// Takes the Expose events already queued on the display and turns them into
-// invalidations at once, without waiting for the main loop.  The caller
-// holds the toolkit lock.
-void ProcessExposeEvents();
-
-// Reports an X error and stops; installed only under XSynchronize.
-int VorlXErrorHandler(Display *display, XErrorEvent *error);
+// Registers the built-in window classes and makes the desktop window.
+void UserInitialize();
 
 // Reports a fatal signal and waits for a debugger; installed only in the
 // host program under HOOK_FATAL_SIGNALS.
 void vorl_signal_handler(int sig);
 
-#endif // VORLAN_GTK_VORLGLOBALS_H
+#endif // VORLAN_GTK_VORLSTARTUP_H
