@@ -1,7 +1,6 @@
 // DefWindowProcA/W: the Win32 behaviour applications rely on when they
 // pass a message on, and the end point of the library's private messages.
 // Every message not named here gives 0.
-
 #include "vorldefwindowproc.h"
 
 #include "gtk/vorlgtklock.h"

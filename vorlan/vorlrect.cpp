@@ -1,6 +1,5 @@
 // Rectangles: the rectangle calls, and filling, framing and inverting
 // rectangles on a device context.
-
 #include <windows.h>
 
 #include <algorithm>

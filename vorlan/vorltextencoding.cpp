@@ -1,7 +1,6 @@
 // Text encodings inside the library: font charsets and code pages, ICU
 // comparison and conversion, UTF-8 for GTK and Pango, and the scope object
 // that converts one string for one call.
-
 #include "vorltextencoding.h"
 
 #include <cstdio>

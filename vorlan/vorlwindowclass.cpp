@@ -1,6 +1,5 @@
 // Window classes: the class records keyed by atom, registration and
 // removal, class names, class longs, and the built-in classes.
-
 #include "vorlwindowclass.h"
 
 #include "gtk/vorlstartup.h"

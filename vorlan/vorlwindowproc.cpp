@@ -1,7 +1,6 @@
 // Window procedures: the procedure table and its ids, CallWindowProc, and
 // the thunks between a caller of one character form and a procedure of
 // the other.
-
 #include "vorlwindowproc.h"
 
 #include <vorlwchar.h>

@@ -1,5 +1,4 @@
 // Charset, code page and language tables and their helpers.
-
 #include <gtest/gtest.h>
 
 #include "vorltextencoding.h"

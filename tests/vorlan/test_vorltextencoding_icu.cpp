@@ -1,5 +1,4 @@
 // WCSToMBS, MBSToWCS and CompareUnicodeString.
-
 #include <gtest/gtest.h>
 
 #include "support/expect_last_error.h"

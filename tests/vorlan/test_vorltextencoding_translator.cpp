@@ -1,6 +1,5 @@
 // StringTranslator: results, where long text spills to the heap, counted
 // sources, the intermediate slot and failures.
-
 #include <gtest/gtest.h>
 
 #include "vorltextencoding.h"

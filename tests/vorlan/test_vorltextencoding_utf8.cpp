@@ -1,5 +1,4 @@
 // UTF-8 GStrings from 16-bit units and ANSI bytes, and back to units.
-
 #include <gtest/gtest.h>
 
 #include "vorltextencoding.h"

@@ -1,6 +1,5 @@
 // The 16-bit string functions through their unsigned short overloads, and
 // the ASCII-only case-insensitive comparison.
-
 #include <gtest/gtest.h>
 
 #include "vorlwidestring.h"

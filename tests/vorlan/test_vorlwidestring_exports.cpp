@@ -1,6 +1,5 @@
 // The 16-bit string functions reach -fshort-wchar programs under their own
 // symbol version; the rest of the process keeps the C library's 32-bit ones.
-
 #include <gtest/gtest.h>
 
 #include "support/child_process.h"

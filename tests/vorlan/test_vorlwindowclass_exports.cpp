@@ -1,6 +1,5 @@
 // What applications link against in the shared library: the built-in class
 // tables, the class names and the class calls, under their plain names.
-
 #include <gtest/gtest.h>
 
 #include <vorlan.h>

@@ -1,6 +1,5 @@
 // Clipping of a device context: its clip and meta regions, the visible
 // region, and the exported clip calls.
-
 #include "gdi/vorldc.h"
 #include "gdi/vorlregion.h"
 #include "gtk/vorlwindow.h"

@@ -1,7 +1,6 @@
 // Palettes and colours: how a colour value becomes a colour of a GDK
 // colormap, palette objects, selection and realisation, and the system
 // palette.
-
 #include "gdi/screen/vorlscreendc.h"
 #include "gdi/vorlcolor.h"
 #include "gdi/vorldc.h"

@@ -1,4 +1,5 @@
-// How a colour value becomes a colour of a GDK colormap.
+// Palettes and colours inside the library: how a colour value becomes a
+// colour of a GDK colormap.
 #ifndef VORLAN_GDI_VORLCOLOR_H
 #define VORLAN_GDI_VORLCOLOR_H
 

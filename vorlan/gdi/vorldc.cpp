@@ -1,6 +1,5 @@
 // The device context core: the state every context shares, attributes,
 // object selection, the save stack, and the geometry helpers.
-
 #include "gdi/vorldc.h"
 
 #include "gdi/vorlregion.h"

@@ -1,7 +1,6 @@
 // The exported device context calls: creation and deletion of contexts,
 // and the attribute calls, each a lock, a handle check and one virtual
 // call on the context.
-
 #include "gdi/printer/vorlps_dc.h"
 #include "gdi/vorldc.h"
 #include "vorltextencoding.h"

@@ -1,7 +1,6 @@
 // The GDI object table: handles, slots and reference counts, logical and
 // physical objects, stock objects, pens and brushes, GetObject and
 // DeleteObject.
-
 #include "gdi/vorlgdiobject.h"
 
 #include "gdi/vorlbitmapobject.h"

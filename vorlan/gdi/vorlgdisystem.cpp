@@ -1,8 +1,11 @@
-// The depth of the screen, as a device context on it reports BITSPIXEL.
-
+// What the GDI objects ask of the display and the locale: the depth of the
+// screen, the character set of the system locale, and the default system
+// palette.
 #include "gdi/vorlgdisystem.h"
 
 #include <gdk/gdk.h>
+
+// The depth of the screen, as a device context on it reports BITSPIXEL.
 
 namespace vorlan {
 

@@ -1,6 +1,5 @@
 // Coordinate mapping: map modes, origins and extents, the conversions
 // between logical and device coordinates, and the transform calls.
-
 #include <windows.h>
 
 #include "gdi/vorldc.h"

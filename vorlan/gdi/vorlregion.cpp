@@ -1,6 +1,5 @@
 // Region objects: creation of every shape, arithmetic, queries, and
 // painting regions on a device context.
-
 #include "gdi/vorlregion.h"
 
 #include "gdi/vorldc.h"

@@ -4,7 +4,6 @@
 // allocation by its name.  Every access to the list and to the counter of
 // string atoms happens under g_atomMutex, so threads may add, find and
 // delete the same names at the same time.
-
 #include "gtk/vorlatom.h"
 
 #include <windows.h>

@@ -1,6 +1,5 @@
 // The event pump's entry points: the process-wide X event filter, the GDK
 // event handler, and the X filter of each top-level window.
-
 #include "gtk/vorlwindowpaint.h"
 #include "gtk/vorlstartup.h"
 #include "gtk/vorleventpump.h"

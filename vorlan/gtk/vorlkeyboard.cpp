@@ -1,6 +1,5 @@
 // The keyboard: each thread's view of key states, focus and active window,
 // keys as characters, and TranslateMessage.
-
 #include "gtk/vorlkeyboard.h"
 
 #include "gtk/vorlgtklock.h"

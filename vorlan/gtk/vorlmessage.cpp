@@ -1,7 +1,6 @@
 // The message calls: retrieval (GetMessage, PeekMessage, WaitMessage),
 // posting and sending within and across threads, dispatching with its
 // hooks, registered window messages, and what the queues ask of windows.
-
 #include "gtk/vorlmessage.h"
 
 #include <brano.h>

@@ -7,6 +7,7 @@
 #include <windows.h>
 
 #include "gtk/vorlthread.h"
+
 // ----------------------------------------------------------------------------
 // The shared cores of the exported message calls.
 

@@ -2,7 +2,6 @@
 // anything else, then GLib, GDK and GTK, the process-wide values, the
 // window layer (built-in classes and the desktop window), and the
 // library's own exported calls of the runtime frame.
-
 #include <vorlan.h>
 
 #include "gtk/vorlstartup.h"

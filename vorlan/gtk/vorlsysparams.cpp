@@ -1,6 +1,5 @@
 // System values: SystemParametersInfo, the system metrics and colours, the
 // desktop's work area, and the locale calls that the window layer answers.
-
 #include <windows.h>
 
 #include "gtk/vorlgtklock.h"

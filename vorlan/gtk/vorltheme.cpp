@@ -1,6 +1,5 @@
 // The hidden GTK widgets whose styles give the controls their look, and the
 // sizes and colours read from them.
-
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorltheme.h"
 

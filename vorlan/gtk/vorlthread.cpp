@@ -1,7 +1,6 @@
 // Per-thread data and message queues: thread records, the global queue
 // of cross-thread messages, the posted, input, paint and timer queues, the
 // retrieval order of peekMessage, and the replies to cross-thread sends.
-
 #include "gtk/vorlthread.h"
 
 #include <imm.h>

@@ -117,7 +117,7 @@ public:
     // Wakes the thread from wait(); never called by the thread itself.
     void notify();
 
-    // Reply waits of cross-thread sends (vorlsendreply.cpp).
+    // Reply waits of cross-thread sends.
     void beginSendWait(SendReplyWait &wait);
     void endSendWait(SendReplyWait &wait);
     // Stores the result of a send in the sender's wait and wakes the sender.

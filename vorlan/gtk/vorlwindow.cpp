@@ -4,7 +4,6 @@
 // at the end of the table, and the search then goes on behind it: a handle
 // that has just been freed is reused as late as possible, so a stale handle
 // keeps failing for as long as the table allows.
-
 #include "gtk/vorlwindow.h"
 
 #include <vorlan.h>

@@ -1,5 +1,6 @@
 // The window object: the library's own record of an HWND, the table of all
-// window objects, and the handle form.
+// window objects, the handle form, the window tree, and the lifecycle calls
+// of winuser.cpp that other areas use.
 //
 // A handle is the object's slot in window_objs plus kHandleBase, so it is
 // never 0 and never looks like a pointer.  getWindow is the only way from a

@@ -1,6 +1,5 @@
 // Window longs: GetWindowLong and SetWindowLong with their pointer-sized
 // forms, over the window's fields and its extra bytes.
-
 #include "gtk/vorlwindowlong.h"
 
 #include <vorlan.h>

@@ -1,6 +1,5 @@
 // Invalidation and painting: update regions, the paint cycle of BeginPaint
 // and EndPaint, window DCs, and X exposes turned into invalidations.
-
 #include "gdi/screen/vorlscreendc.h"
 
 #include <vorlan.h>

@@ -1,5 +1,6 @@
 // Update regions and the paint cycle: how a window's update region grows
-// and shrinks, what queues it for painting, and how it gets a DC.
+// and shrinks, what queues it for painting, how it gets a DC, and how X
+// exposes become invalidations.
 #ifndef VORLAN_GTK_VORLWINDOWPAINT_H
 #define VORLAN_GTK_VORLWINDOWPAINT_H
 

@@ -2,7 +2,6 @@
 // the window rectangles, the stacking of siblings, the geometry of the X
 // windows, and what the window manager and the server report of position
 // and state.
-
 #include "gtk/vorlwindowpos.h"
 
 #include <vorlan.h>

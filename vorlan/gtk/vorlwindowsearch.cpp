@@ -1,6 +1,5 @@
 // Window search: enumeration, FindWindow and FindWindowEx, and the search
 // by screen point with its filters.
-
 #include "gtk/vorlwindowsearch.h"
 
 #include <vorlan.h>

@@ -1,7 +1,6 @@
 // The X side of window objects: the GDK and X windows behind a handle, the
 // X window tree, window manager protocols and functions, the X focus,
 // properties for outside tools, and the scope that catches X errors.
-
 #include "gtk/vorlxwindow.h"
 
 #include "gtk/vorlstartup.h"

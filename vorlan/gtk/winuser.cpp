@@ -2,7 +2,6 @@
 // that ends), showing and hiding, parents and owners, the plain tree
 // queries and the window text.  Every message can destroy the window under
 // the caller, so the sequences test IsWindow after each message.
-
 #include "gtk/vorlstartup.h"
 #include "gtk/vorlwindowpaint.h"
 #include "vorlnonclient.h"

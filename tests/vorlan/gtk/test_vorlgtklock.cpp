@@ -1,5 +1,4 @@
 // The toolkit lock: counting, release and restore, marking, fatal checks.
-
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"

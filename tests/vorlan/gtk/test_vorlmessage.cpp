@@ -1,6 +1,5 @@
 // The exported message calls over the calling thread's queues, their error
 // paths, TranslateMessage and RegisterWindowMessageA.
-
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"

@@ -1,7 +1,6 @@
 // Many threads posting and sending to each other and to the main thread:
 // every reply right, posts in order, no deadlock (a watchdog aborts), and a
 // bounded run time.
-
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"

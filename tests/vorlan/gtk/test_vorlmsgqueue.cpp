@@ -1,6 +1,5 @@
 // Message retrieval of one thread: source order, filters, quit, the input,
 // paint and timer queues, and the life of thread data.
-
 #include <gtest/gtest.h>
 
 #include "gtk/vorlstartup.h"

@@ -1,5 +1,4 @@
 // Posting and sending across threads.
-
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"

@@ -1,5 +1,4 @@
 // Start-up and system values seen from child processes that load the library.
-
 #include <gtest/gtest.h>
 
 #include "support/child_process.h"

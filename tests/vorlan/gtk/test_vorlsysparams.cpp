@@ -1,5 +1,4 @@
 // SystemParametersInfo, CopyLOGFONT_W2A and the locale calls.
-
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"

@@ -1,6 +1,5 @@
 // GetSystemMetrics and GetSysColor at their edges, the 3D colour
 // arithmetic, and which system value calls take the toolkit lock.
-
 #include <gtest/gtest.h>
 
 #include "gtk/vorlgtklock.h"

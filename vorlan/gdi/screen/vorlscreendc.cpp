@@ -1,6 +1,5 @@
 // Screen contexts: construction, the device's answers, objects on GDK, and
 // the mapping and clipping peculiar to window DCs.
-
 #include "gdi/screen/vorlscreendc.h"
 
 #include "gdi/vorlregion.h"

@@ -1,6 +1,5 @@
 // Drawing on the screen context: lines, shapes, pattern fills and pixels
 // through the context's GdkGC.
-
 #include "gdi/screen/vorlscreendc.h"
 
 #include <cmath>
