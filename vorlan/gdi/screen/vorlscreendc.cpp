@@ -35,7 +35,7 @@ ScreenContext::ScreenContext(HWND window, DWORD flags, GdkDrawable *target, cons
     colormap = gdk_drawable_get_colormap(drawable);
     if (colormap == nullptr) {
         std::printf("%s %d Error gdk_drawable_get_colormap returns NULL, use system colormap instead\n",
-                    "vorlan/gdi/screen/vorlscreendc", __LINE__);
+                    VORLAN_SOURCE, __LINE__);
         colormap = gdk_colormap_get_system();
     }
     g_object_ref(colormap);
