@@ -52,10 +52,10 @@ LONG_PTR GetWndProc(UINT nIdWndProc, BOOL wide);
 
 // A wide caller reaches an ANSI procedure.
 LRESULT CallWindowProcW2A(WNDPROC pWndProcA, HWND hWnd, UINT message, WPARAM wParam,
-                                          LPARAM lParam);
+                          LPARAM lParam);
 // An ANSI caller reaches a wide procedure.
 LRESULT CallWindowProcA2W(WNDPROC pWndProcW, HWND hWnd, UINT message, WPARAM wParam,
-                                          LPARAM lParam);
+                          LPARAM lParam);
 
 namespace vorlan {
 

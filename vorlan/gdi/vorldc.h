@@ -395,7 +395,7 @@ void NormalizeRect(RECT &rc);
 // Centre and the angles of the two radial points of an arc, whole degrees
 // on the circle; a2 is at least a1.
 void calcRadial(int &cx, int &cy, int l, int t, int r, int b, int x1, int y1, int x2, int y2,
-                                int &a1, int &a2);
+                int &a1, int &a2);
 // Mirrors a pixbuf in place: horizontally, vertically or both.
 void MirrorImage(GdkPixbuf *pixbuf, BOOL flipX, BOOL flipY);
 // A zeroed buffer long enough for a path name; the caller frees it with

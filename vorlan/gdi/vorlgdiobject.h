@@ -189,7 +189,7 @@ DHANDLE GetPhysicalObject(HGDIOBJ handle, int slot);
 // Frees what the slot held (with its own free procedure) and stores the new
 // record.  FALSE for anything but a live logical object.
 BOOL SetPhysicalObject(HGDIOBJ handle, int slot, DHANDLE physical, DFREEPROC freeProc,
-                                       ULONG_PTR extra);
+                       ULONG_PTR extra);
 // Physical slot 0 of a region, or null.
 GdkRegion *GetGdkRegion(HGDIOBJ handle);
 // Physical slot 0 of a bitmap, or null.

@@ -54,7 +54,7 @@ const ThemeWidgets &EnsureDummyWidgets();
 // "min_slider_length" of the horizontal scroll bar; null pointers are
 // skipped.
 void GetGtkScrollBarMetrics(int *sliderWidth, int *troughBorder, int *stepperSize,
-                                            int *minSliderLength);
+                            int *minSliderLength);
 
 // The entry's `base` and `text` colours for the state; null pointers are
 // skipped.

@@ -31,7 +31,7 @@ BOOL UpdateWindowCore(HWND hWnd, UINT flags);
 // that its rectangle `covered` (rcWindow or rcClient) lies over, in the
 // child's client coordinates, through `apply(child, part, flags)`.
 void PassToVisibleChildren(Window *pWnd, HRGN screenArea, RECT Window::*covered,
-                                           BOOL (*apply)(Window *, HRGN, UINT), UINT flags);
+                           BOOL (*apply)(Window *, HRGN, UINT), UINT flags);
 
 // A new region of the window's client area in client coordinates, or 0.
 HRGN ClientAreaRegion(const Window *pWnd);

@@ -19,7 +19,7 @@ FILTER_CODE DirectVisibleChildFilter(HWND hWnd, HWND hWndParent, POINT pt, LPARA
 FILTER_CODE DirectEnabledChildFilter(HWND hWnd, HWND hWndParent, POINT pt, LPARAM lParam);
 // Skip a hidden window; otherwise as DirectEnabledChildFilter.
 FILTER_CODE DirectVisibleAndEnabledChildFilter(HWND hWnd, HWND hWndParent, POINT pt,
-                                                               LPARAM lParam);
+                                               LPARAM lParam);
 // What WindowFromPoint finds: hidden windows are skipped, enabled ones
 // searched, a disabled top-level window taken as it is and a disabled child
 // skipped with everything inside it.

@@ -21,7 +21,7 @@ void CalcXWindowRect(Window *pWnd, RECT *rect);
 // Sets an 8-bit property of type "QTSSupportType" on the drawable's X
 // window.  TRUE when X reported no error.
 BOOL putXPropertyToGdkWindow(GdkDrawable *drawable, const char *name, const void *data,
-                                             int length);
+                             int length);
 } // namespace vorlan
 
 // The GDK window of a live window: the foreign one if any, else the GTK
