@@ -3,6 +3,7 @@
 
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlmessage.h"
+#include "gtk/vorlwindow.h"
 
 #include <algorithm>
 #include <thread>
@@ -90,6 +91,52 @@ void ResetCurrentThreadQueues()
     data->hWndFocus = nullptr;
     data->hWndCapture = nullptr;
     std::fill(std::begin(data->keyState), std::end(data->keyState), 0);
+}
+
+namespace {
+
+constexpr UINT kFirstPassedMessage = 1014;
+const WCHAR kQueueWindowClass[] = {'Q', 'u', 'e', 'u', 'e', 'W', 'i', 'n', 'd', 'o', 'w', 0};
+
+LRESULT CALLBACK QueueWindowProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message >= kFirstPassedMessage) {
+        auto procedure = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(hWnd, GWLP_USERDATA));
+        if (procedure != nullptr)
+            return procedure(hWnd, message, wParam, lParam);
+    }
+    return DefWindowProcW(hWnd, message, wParam, lParam);
+}
+
+} // namespace
+
+HWND CreateQueueWindow(WNDPROC procedure)
+{
+    static const ATOM atom = [] {
+        WNDCLASSW wc = {};
+        wc.lpfnWndProc = QueueWindowProc;
+        wc.lpszClassName = kQueueWindowClass;
+        return RegisterClassW(&wc);
+    }();
+    HWND hWnd = CreateWindowExW(0, reinterpret_cast<LPCWSTR>(static_cast<ULONG_PTR>(atom)), kQueueWindowClass,
+                                WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+    if (hWnd != nullptr)
+        SetWindowLongPtrW(hWnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(procedure));
+    return hWnd;
+}
+
+void SetUpdateRegion(HWND hWnd, bool present)
+{
+    vorlan::GtkCriticalSection lock;
+    vorlan::Window *pWnd = vorlan::getWindow(hWnd);
+    if (pWnd == nullptr)
+        return;
+    if (pWnd->hUpdateRegion != nullptr) {
+        DeleteObject(pWnd->hUpdateRegion);
+        pWnd->hUpdateRegion = nullptr;
+    }
+    if (present)
+        pWnd->hUpdateRegion = CreateRectRgn(0, 0, 1, 1);
 }
 
 DWORD EndedThreadId()

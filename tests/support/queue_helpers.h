@@ -54,6 +54,17 @@ private:
     DWORD m_id = 0;
 };
 
+// A hidden top-level window of the calling thread for queue tests.  Its
+// class procedure hands the library's private messages (1014 and up) and
+// the application's own messages to `procedure` and everything else to
+// DefWindowProcW, so creation and destruction stay out of what `procedure`
+// records.  It dies with DestroyWindow or with its thread.
+HWND CreateQueueWindow(WNDPROC procedure);
+
+// Gives the window an update region or takes it away, as invalidation and
+// validation do, without queueing it for painting.
+void SetUpdateRegion(HWND hWnd, bool present);
+
 // Spins (with short sleeps) until `done` holds or the timeout passes.
 bool SpinUntil(const std::function<bool()> &done, int timeoutMilliseconds = 10000);
 

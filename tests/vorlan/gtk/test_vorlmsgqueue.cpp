@@ -5,7 +5,6 @@
 #include "gtk/vorlstartup.h"
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlmessage.h"
-#include "gtk/vorltestwindows.h"
 #include "gtk/vorlthread.h"
 #include "gtk/vorlwindow.h"
 #include "support/gtk_helpers.h"
@@ -22,9 +21,6 @@
 #include <vector>
 
 using namespace vorlan_test;
-using vorlan::testing::CreateTestWindow;
-using vorlan::testing::DestroyTestWindow;
-using vorlan::testing::SetTestWindowUpdateRegion;
 
 namespace {
 
@@ -53,12 +49,12 @@ protected:
     {
         ResetCurrentThreadQueues();
         for (HWND window : m_windows)
-            DestroyTestWindow(window);
+            DestroyWindow(window);
     }
 
     HWND Window()
     {
-        m_windows.push_back(CreateTestWindow(RecordingProc));
+        m_windows.push_back(CreateQueueWindow(RecordingProc));
         return m_windows.back();
     }
     ThreadData *Data() { return ThreadData::GetCurrentThreadData(); }
@@ -130,7 +126,7 @@ TEST_F(MessageQueue, SourcesAreTakenInTheirOrder)
     Data()->hWndFocus = window;
     QueueTimer(window, 1);
     QueuePaint(window);
-    SetTestWindowUpdateRegion(window, true);
+    SetUpdateRegion(window, true);
     QueueInput(WM_KEYDOWN, 'A');
     RequestQuit(7);
     ASSERT_EQ(LockedPost(window, WM_USER), 1);
@@ -146,7 +142,7 @@ TEST_F(MessageQueue, SourcesAreTakenInTheirOrder)
     while (LockedPeek(&msg)) {
         taken.push_back(msg.message);
         if (msg.message == WM_PAINT)
-            SetTestWindowUpdateRegion(window, false);
+            SetUpdateRegion(window, false);
     }
     const std::vector<UINT> expected = {WM_USER, WM_QUIT, WM_KEYDOWN, WM_PAINT, WM_TIMER};
     EXPECT_EQ(taken, expected);
@@ -231,8 +227,8 @@ TEST_F(MessageQueue, PaintStaysUntilTheRegionIsValidatedAndFollowsTheWindowFilte
     HWND other = Window();
     QueuePaint(other);
     QueuePaint(window);
-    SetTestWindowUpdateRegion(window, true);
-    SetTestWindowUpdateRegion(other, true);
+    SetUpdateRegion(window, true);
+    SetUpdateRegion(other, true);
     MSG msg;
     ASSERT_TRUE(LockedPeek(&msg, window, 0, 0, PM_NOREMOVE));
     EXPECT_EQ(msg.message, static_cast<UINT>(WM_PAINT));
@@ -241,8 +237,8 @@ TEST_F(MessageQueue, PaintStaysUntilTheRegionIsValidatedAndFollowsTheWindowFilte
     ASSERT_TRUE(LockedPeek(&msg, window, 0, 0, PM_REMOVE));
     ASSERT_TRUE(LockedPeek(&msg, window));
     EXPECT_EQ(msg.hwnd, window);
-    SetTestWindowUpdateRegion(window, false);
-    SetTestWindowUpdateRegion(other, false);
+    SetUpdateRegion(window, false);
+    SetUpdateRegion(other, false);
     EXPECT_FALSE(LockedPeek(&msg));
     EXPECT_TRUE(PaintQueue().empty());
 }
@@ -251,13 +247,13 @@ TEST_F(MessageQueue, TimersFollowTheFiltersAndDeadWindowsLeaveTheQueues)
 {
     HWND first = Window();
     HWND second = Window();
-    HWND dead = CreateTestWindow(RecordingProc);
+    HWND dead = CreateQueueWindow(RecordingProc);
     QueuePaint(dead);
     QueueTimer(dead, 9);
     QueueTimer(first, 1);
     QueueTimer(second, 2);
     QueueTimer(nullptr, 3);
-    DestroyTestWindow(dead);
+    DestroyWindow(dead);
     MSG msg;
     EXPECT_FALSE(LockedPeek(&msg, nullptr, WM_TIMER + 1, WM_TIMER + 5));
     ASSERT_TRUE(LockedPeek(&msg, second, 0, 0, PM_NOREMOVE));
@@ -569,13 +565,11 @@ TEST(VorlThread, EndingWorkerLosesItsDataAndWindowsButTheMainThreadKeepsItsOwn)
 {
     TestWindow mainWindow(TopLevel());
     TestWindow mainChild(ChildOf(mainWindow.hwnd()));
-    const HWND mainStandIn = CreateTestWindow(RecordingProc);
     std::unique_ptr<TestWindow> workerTop, workerChild;
-    HWND top = nullptr, child = nullptr, standIn = nullptr;
+    HWND top = nullptr, child = nullptr;
     DWORD workerId = 0;
     std::thread worker([&] {
         workerId = GetCurrentThreadId();
-        standIn = CreateTestWindow(RecordingProc);
         EXPECT_NE(ThreadData::GetCurrentThreadData()->context, g_main_context_default());
         workerTop = std::make_unique<TestWindow>(TopLevel());
         workerChild = std::make_unique<TestWindow>(ChildOf(workerTop->hwnd()));
@@ -584,7 +578,6 @@ TEST(VorlThread, EndingWorkerLosesItsDataAndWindowsButTheMainThreadKeepsItsOwn)
     });
     worker.join();
     EXPECT_EQ(ThreadData::GetThreadData(workerId, FALSE), nullptr);
-    EXPECT_FALSE(vorlan::testing::IsTestWindow(standIn));
     {
         std::lock_guard<std::recursive_mutex> guard(g_threadListMutex);
         for (ThreadData *data : ThreadData::list())
@@ -594,8 +587,6 @@ TEST(VorlThread, EndingWorkerLosesItsDataAndWindowsButTheMainThreadKeepsItsOwn)
     ThreadData *data = ThreadData::GetCurrentThreadData();
     ThreadData::thread_exit(data);
     EXPECT_EQ(ThreadData::GetThreadData(GetCurrentThreadId(), FALSE), data);
-    EXPECT_TRUE(vorlan::testing::IsTestWindow(mainStandIn));
-    DestroyTestWindow(mainStandIn);
     vorlan::GtkCriticalSection lock;
     EXPECT_EQ(vorlan::getWindow(top), nullptr);
     EXPECT_EQ(vorlan::getWindow(child), nullptr);

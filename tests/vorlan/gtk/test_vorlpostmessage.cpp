@@ -3,7 +3,6 @@
 
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlmessage.h"
-#include "gtk/vorltestwindows.h"
 #include "gtk/vorlthread.h"
 #include "support/queue_helpers.h"
 
@@ -15,8 +14,6 @@
 #include <utility>
 
 using namespace vorlan_test;
-using vorlan::testing::CreateTestWindow;
-using vorlan::testing::DestroyTestWindow;
 
 namespace {
 
@@ -37,7 +34,7 @@ public:
     {
         m_thread = std::thread([this] {
             m_tid = GetCurrentThreadId();
-            m_window = CreateTestWindow(ComputeProc);
+            m_window = CreateQueueWindow(ComputeProc);
             m_ready = true;
             ServeMessagesUntil([this] { return m_stop.load(); }, [this](const MSG &) { ++m_posted; }, 60000);
         });
@@ -71,8 +68,8 @@ protected:
 TEST_F(CrossThreadMessages, PostToAThreadOrWindowWithoutQueueGives1444)
 {
     ThreadWithoutQueue worker;
-    HWND gone = CreateTestWindow(ComputeProc);
-    DestroyTestWindow(gone);
+    HWND gone = CreateQueueWindow(ComputeProc);
+    DestroyWindow(gone);
     const std::pair<HWND, DWORD> targets[] = {
         {nullptr, worker.id()}, {nullptr, 0x7FFFFFF0u}, {gone, POST_TO_WINDOW_THREAD}};
     for (const auto &[hWnd, tid] : targets) {
@@ -111,7 +108,7 @@ TEST_F(CrossThreadMessages, TwoThreadsSendingToEachOtherAtOnceBothComplete)
     std::atomic<int> correct{0};
     std::atomic<int> finished{0};
     auto run = [&](int self) {
-        windows[self] = CreateTestWindow(ComputeProc);
+        windows[self] = CreateQueueWindow(ComputeProc);
         SpinUntil([&] { return windows[1 - self].load() != nullptr; });
         for (int round = 0; round < kRounds; ++round) {
             const int goal = 2 * (round + 1);
@@ -135,7 +132,7 @@ TEST_F(CrossThreadMessages, TwoThreadsSendingToEachOtherAtOnceBothComplete)
 
 TEST_F(CrossThreadMessages, MainAndWorkerSendingToEachOtherAtOnceBothComplete)
 {
-    HWND mainWindow = CreateTestWindow(ComputeProc);
+    HWND mainWindow = CreateQueueWindow(ComputeProc);
     ServingWorker worker;
     std::atomic<bool> go{false};
     std::atomic<int> correct{0};
@@ -154,7 +151,7 @@ TEST_F(CrossThreadMessages, MainAndWorkerSendingToEachOtherAtOnceBothComplete)
     sender.join();
     EXPECT_EQ(mainCorrect, 100);
     EXPECT_EQ(correct.load(), 100);
-    DestroyTestWindow(mainWindow);
+    DestroyWindow(mainWindow);
 }
 
 // The main thread sends to X (outer wait).  Meanwhile Y sends to the main
@@ -195,12 +192,12 @@ TEST_F(CrossThreadMessages, NestedSendDuringAReplyWaitLosesNoReply)
 {
     NestedSendScenario scenario;
     g_nested = &scenario;
-    HWND mainWindow = CreateTestWindow(MainWindowProc);
+    HWND mainWindow = CreateQueueWindow(MainWindowProc);
 
     std::atomic<HWND> xWindow{nullptr};
     std::atomic<bool> stop{false};
     std::thread x([&] {
-        xWindow = CreateTestWindow(OuterTargetProc);
+        xWindow = CreateQueueWindow(OuterTargetProc);
         ServeMessagesUntil([&] { return stop.load(); }, nullptr, 30000);
     });
     // X notes the reply once its peek that ran the send has returned.
@@ -210,7 +207,7 @@ TEST_F(CrossThreadMessages, NestedSendDuringAReplyWaitLosesNoReply)
         scenario.outerReplied = true;
     });
     std::thread z([&] {
-        scenario.zWindow = CreateTestWindow(InnerTargetProc);
+        scenario.zWindow = CreateQueueWindow(InnerTargetProc);
         ServeMessagesUntil([&] { return stop.load(); }, nullptr, 30000);
     });
     std::atomic<LRESULT> yResult{-1};
@@ -231,7 +228,7 @@ TEST_F(CrossThreadMessages, NestedSendDuringAReplyWaitLosesNoReply)
     EXPECT_EQ(outer, 111);
     EXPECT_EQ(scenario.innerResult.load(), 222);
     EXPECT_EQ(yResult.load(), 333);
-    DestroyTestWindow(mainWindow);
+    DestroyWindow(mainWindow);
     g_nested = nullptr;
 }
 
@@ -240,7 +237,7 @@ TEST_F(CrossThreadMessages, SenderToAThreadThatEndsGetsZero)
     std::atomic<HWND> window{nullptr};
     std::atomic<bool> sending{false};
     std::thread worker([&] {
-        window = CreateTestWindow(ComputeProc);
+        window = CreateQueueWindow(ComputeProc);
         SpinUntil([&] { return sending.load(); });
         // Ends without serving the send queued while the lock was held.
         vorlan::GtkCriticalSection lock;
