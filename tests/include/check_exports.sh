@@ -32,9 +32,10 @@ c++ -std=c++17 -E -I"$include" -x c++ "$work/all.h" >"$work/all.ii"
 
 status=0
 for lib in "${libraries[@]}"; do
-  # Symbols the linker defines in every shared object, and version nodes.
+  # Leave out version nodes, the symbols the linker defines in every shared
+  # object, and those the sanitizers add beside exported variables.
   nm -D --defined-only "$lib" | awk '$2 != "A" {print $3}' | sed 's/@.*//' |
-    grep -vxE '_init|_fini|_edata|_end|__bss_start' | c++filt |
+    grep -vxE '_init|_fini|_edata|_end|__bss_start|__odr_asan[._].*' | c++filt |
     sed -E 's/\(.*$//' | sort -u >"$work/exported"
   if [ ! -s "$work/exported" ]; then
     echo "$lib exports nothing" >&2; status=1; continue
