@@ -239,6 +239,9 @@ HWND CreateWindowCore(CreateArguments &args)
         if (cs.hMenu == nullptr)
             return nullptr;
     }
+    // The creating thread gets its queue before the handle exists, so that
+    // another thread may send to the window as soon as it learns the handle.
+    ThreadData::GetCurrentThreadData();
     const WindowObject *pWnd = MakeWindowObject(args, wc, parent, owner);
     return RunCreationMessages(pWnd->hWnd, args);
 }

@@ -100,6 +100,23 @@ TEST_F(CrossThreadMessages, PostsAndSendsReachTheWindowsThreadUnlessTheyCarryPoi
     EXPECT_TRUE(SpinUntil([&] { return worker.posted() == 11; }, 5000));
 }
 
+TEST_F(CrossThreadMessages, AWindowsThreadTakesSendsFromTheMomentTheWindowExists)
+{
+    std::atomic<HWND> window{nullptr};
+    std::atomic<bool> answered{false};
+    std::thread worker([&] {
+        window = CreateQueueWindow(ComputeProc);
+        // No message call yet: only the window's creation gave this thread
+        // its queue.
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        ServeMessagesUntil([&] { return answered.load(); });
+    });
+    SpinUntil([&] { return window.load() != nullptr; });
+    EXPECT_EQ(LockedSend(window, WM_COMPUTE, 7, 1), 22);
+    answered = true;
+    worker.join();
+}
+
 TEST_F(CrossThreadMessages, TwoThreadsSendingToEachOtherAtOnceBothComplete)
 {
     constexpr int kRounds = 200;
