@@ -12,6 +12,7 @@
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 
+#include <atomic>
 #include <cstring>
 #include <string>
 #include <thread>
@@ -102,15 +103,26 @@ TEST(WindowTreeQueries, ThreadUnicodeAndVisibilityQueries)
     EXPECT_EQ(GetWindowThreadProcessId(w, &pid), GetCurrentThreadId());
     EXPECT_EQ(pid, 1u);
     EXPECT_EQ(GetWindowThreadProcessId(w, nullptr), GetCurrentThreadId());
-    DWORD threadOfOther = 0;
-    HWND other = nullptr;
-    std::thread([&] {
+    std::atomic<DWORD> threadOfOther{0};
+    std::atomic<HWND> other{nullptr};
+    std::atomic<bool> created{false};
+    std::atomic<bool> checked{false};
+    std::thread worker([&] {
+        threadOfOther = GetCurrentThreadId();
         other = CreateWindowExW(0, wide.wideClassName(), nullptr, WS_POPUP, 0, 0, 5, 5, nullptr, nullptr, nullptr,
                                 nullptr);
-        threadOfOther = GetCurrentThreadId();
-    }).join();
-    ASSERT_NE(other, nullptr);
-    EXPECT_EQ(GetWindowThreadProcessId(other, nullptr), threadOfOther);
+        created = true;
+        while (!checked.load())
+            std::this_thread::yield();
+    });
+    while (!created.load())
+        std::this_thread::yield();
+    EXPECT_NE(other.load(), nullptr);
+    EXPECT_EQ(GetWindowThreadProcessId(other, nullptr), threadOfOther.load());
+    checked = true;
+    worker.join();
+    // The window died with its thread.
+    EXPECT_FALSE(IsWindow(other));
     pid = 77;
     EXPECT_TRUE(FailsWith(1400, 0xFFFFFFFFu, [&] { return GetWindowThreadProcessId(FakeHwnd(60004), &pid); }));
     EXPECT_EQ(pid, 77u);
