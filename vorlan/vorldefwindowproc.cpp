@@ -544,3 +544,153 @@ LRESULT DefPrivateMessage(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     }
 }
+
+// ----------------------------------------------------------------------------
+// Sizing by the mouse: a modal loop of the window's own, with the pointer
+// captured, in which the edges named by the WMSZ_ code follow the pointer.
+// The window manager has no part in it.  The pointer is followed in the
+// client coordinates of the window as it stood when sizing began: the
+// start point is converted once, and each message's point is taken as it
+// comes, so an edge keeps its distance to the pointer's press.
+
+namespace {
+
+struct FollowedEdges {
+    bool left, right, top, bottom;
+};
+
+FollowedEdges EdgesOf(int code)
+{
+    return {code == WMSZ_LEFT || code == WMSZ_TOPLEFT || code == WMSZ_BOTTOMLEFT,
+            code == WMSZ_RIGHT || code == WMSZ_TOPRIGHT || code == WMSZ_BOTTOMRIGHT,
+            code == WMSZ_TOP || code == WMSZ_TOPLEFT || code == WMSZ_TOPRIGHT,
+            code == WMSZ_BOTTOM || code == WMSZ_BOTTOMLEFT || code == WMSZ_BOTTOMRIGHT};
+}
+
+// Brings the rectangle within the tracking sizes: minimum before maximum,
+// width before height.  The edge that follows the pointer gives way.
+void AdjustTrackRect(int code, const MINMAXINFO &mmi, RECT *rc)
+{
+    const FollowedEdges edges = EdgesOf(code);
+    auto setWidth = [&](LONG width) {
+        if (edges.left)
+            rc->left = rc->right - width;
+        else
+            rc->right = rc->left + width;
+    };
+    auto setHeight = [&](LONG height) {
+        if (edges.top)
+            rc->top = rc->bottom - height;
+        else
+            rc->bottom = rc->top + height;
+    };
+    if (rc->right - rc->left < mmi.ptMinTrackSize.x)
+        setWidth(mmi.ptMinTrackSize.x);
+    if (rc->bottom - rc->top < mmi.ptMinTrackSize.y)
+        setHeight(mmi.ptMinTrackSize.y);
+    if (rc->right - rc->left > mmi.ptMaxTrackSize.x)
+        setWidth(mmi.ptMaxTrackSize.x);
+    if (rc->bottom - rc->top > mmi.ptMaxTrackSize.y)
+        setHeight(mmi.ptMaxTrackSize.y);
+}
+
+// Places the window at a screen rectangle, in its parent's coordinates.
+void PlaceWindow(HWND hWnd, RECT rc)
+{
+    if (GetWindowLongW(hWnd, GWL_STYLE) & WS_CHILD)
+        MapWindowPoints(nullptr, GetParent(hWnd), reinterpret_cast<POINT *>(&rc), 2);
+    SetWindowPos(hWnd, nullptr, rc.left, rc.top, rc.right - rc.left, rc.bottom - rc.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
+}
+
+class SizeTracker {
+public:
+    // `start` is the press in screen coordinates.
+    SizeTracker(HWND hWnd, int code, POINT start) : m_hWnd(hWnd), m_code(code), m_edges(EdgesOf(code))
+    {
+        GetWindowRect(hWnd, &m_old);
+        ScreenToClient(hWnd, &start);
+        m_offset = {m_edges.left ? start.x - m_old.left : start.x - m_old.right,
+                    m_edges.top ? start.y - m_old.top : start.y - m_old.bottom};
+        Follow(start, m_old);
+    }
+
+    // The edges follow the pointer at client point `pt`.
+    void Follow(POINT pt) { Follow(pt, Current()); }
+
+    void Restore() const { PlaceWindow(m_hWnd, m_old); }
+
+private:
+    RECT Current() const
+    {
+        RECT rc = {};
+        GetWindowRect(m_hWnd, &rc);
+        return rc;
+    }
+
+    void Follow(POINT pt, RECT rc) const
+    {
+        const LONG x = pt.x - m_offset.x, y = pt.y - m_offset.y;
+        if (m_edges.left)
+            rc.left = x;
+        if (m_edges.right)
+            rc.right = x;
+        if (m_edges.top)
+            rc.top = y;
+        if (m_edges.bottom)
+            rc.bottom = y;
+        MINMAXINFO mmi = {};
+        if (GetWindowMinMaxInfo(m_hWnd, &mmi))
+            AdjustTrackRect(m_code, mmi, &rc);
+        PlaceWindow(m_hWnd, rc);
+    }
+
+    HWND m_hWnd;
+    int m_code;
+    FollowedEdges m_edges;
+    RECT m_old = {};
+    POINT m_offset = {};
+};
+
+// Runs the loop until the button goes up (true) or the sizing is cancelled
+// (false): capture lost, WM_QUIT, or Escape.
+bool TrackSize(HWND hWnd, SizeTracker &tracker)
+{
+    for (;;) {
+        if (GetCapture() != hWnd)
+            return false;
+        MSG msg;
+        if (!GetMessageW(&msg, nullptr, 0, 0)) {
+            PostQuitMessage(static_cast<int>(msg.wParam));
+            return false;
+        }
+        if (msg.message == WM_MOUSEMOVE || msg.message == WM_LBUTTONUP) {
+            tracker.Follow(PointOf(msg.lParam));
+            if (msg.message == WM_LBUTTONUP)
+                return true;
+        } else if (msg.message == WM_KEYDOWN) {
+            if (msg.wParam == VK_ESCAPE)
+                return false;
+        } else {
+            DispatchMessageW(&msg);
+        }
+    }
+}
+
+} // namespace
+
+void DefSizeCommand(HWND hWnd, int code, POINT pt)
+{
+    if (code < WMSZ_LEFT || code > WMSZ_BOTTOMRIGHT || GetCapture() != nullptr)
+        return;
+    SetCapture(hWnd);
+    SizeTracker tracker(hWnd, code, pt);
+    SendMessageW(hWnd, WM_ENTERSIZEMOVE, 0, 0);
+    const bool finished = IsWindow(hWnd) && TrackSize(hWnd, tracker);
+    ReleaseCapture();
+    if (!IsWindow(hWnd))
+        return;
+    if (!finished)
+        tracker.Restore();
+    SendMessageW(hWnd, WM_EXITSIZEMOVE, 0, 0);
+}

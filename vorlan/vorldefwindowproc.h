@@ -15,4 +15,9 @@ LRESULT DefPrivateMessage(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
 // TRUE so that an enumeration goes on.
 BOOL CALLBACK NotifyAppActivation(HWND hWnd, LPARAM lParam);
 
+// The modal loop of sizing by the mouse from edge `code` (WMSZ_), starting
+// at the screen point `pt`.  Escape, WM_QUIT or a lost capture put the
+// window back where it was.
+void DefSizeCommand(HWND hWnd, int code, POINT pt);
+
 #endif // VORLAN_VORLDEFWINDOWPROC_H

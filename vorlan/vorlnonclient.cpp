@@ -1,12 +1,19 @@
 // The non-client frame: how much of a window rectangle is frame, what a
-// point over the frame means, and which windows the window manager frames.
+// point over the frame means, which windows the window manager frames, how
+// an undecorated frame is painted, and where mouse messages over the frame
+// go.
 // A decorated window's caption and border belong to the window manager,
 // so the library answers HTNOWHERE there and never a caption code.
 #include "vorldefwindowproc.h"
 
 #include "vorlnonclient.h"
+
+#include <vorlan.h>
+
 #include "gtk/vorlpending.h"
+#include "gtk/vorltheme.h"
 #include "gtk/vorlwindow.h"
+#include "vorlscrollbarinfo.h"
 #include "vorlwindowclass.h"
 
 int _dialogUseWMD = 0;
@@ -184,6 +191,109 @@ LRESULT DefNCHitTest(HWND hWnd, POINT pt)
         InflateRect(&rect, -2, -2);
     }
     return HitScrollBars(style, pWnd->dwExStyle, rect, pt);
+}
+
+namespace {
+
+ScrollBarInfo *BarInfo(const vorlan::Window *pWnd, int bar)
+{
+    auto *records = static_cast<ScrollBarInfo *>(pWnd->pScrollInfo);
+    return records != nullptr ? &records[bar] : nullptr;
+}
+
+// The frame that DefNCPaint draws itself, outside in; the rectangle shrinks
+// past each part.
+void PaintBorders(HDC hdc, DWORD style, DWORD exStyle, RECT *rect)
+{
+    if (style & WS_DLGFRAME) {
+        DrawDialogFrame(hdc, rect);
+        InflateRect(rect, -GetSystemMetrics(SM_CXDLGFRAME), -GetSystemMetrics(SM_CYDLGFRAME));
+    } else if (style & WS_BORDER) {
+        HBRUSH brush = CreateSolidBrush(GetSysColor(COLOR_WINDOWFRAME));
+        FrameRect(hdc, rect, brush);
+        DeleteObject(brush);
+        InflateRect(rect, -GetSystemMetrics(SM_CXBORDER), -GetSystemMetrics(SM_CYBORDER));
+    }
+    if (exStyle & WS_EX_CLIENTEDGE) {
+        DrawClientEdge(hdc, rect);
+        InflateRect(rect, -GetSystemMetrics(SM_CXEDGE), -GetSystemMetrics(SM_CYEDGE));
+    }
+}
+
+// The two scroll bars where they fit, and the size box between them when
+// both were drawn.
+void PaintScrollBars(HDC hdc, const vorlan::Window *pWnd, RECT rect)
+{
+    const DWORD style = pWnd->dwStyle;
+    const bool left = (pWnd->dwExStyle & WS_EX_LEFTSCROLLBAR) != 0;
+    const bool vertical = (style & WS_VSCROLL) && ScrollBarWidth() < Width(rect);
+    RECT sizeBox = {};
+    if ((style & WS_HSCROLL) && ScrollBarHeight() < Height(rect)) {
+        RECT bar = {rect.left, rect.bottom - ScrollBarHeight(), rect.right, rect.bottom};
+        if (vertical)
+            (left ? bar.left : bar.right) += left ? ScrollBarWidth() : -ScrollBarWidth();
+        ScrollBar_Draw(hdc, BarInfo(pWnd, SB_HORZ), &bar, nullptr);
+        rect.bottom -= ScrollBarHeight();
+        sizeBox.top = rect.bottom;
+        sizeBox.bottom = bar.bottom;
+    }
+    if (vertical) {
+        RECT bar = rect;
+        if (left)
+            bar.right = bar.left + ScrollBarWidth();
+        else
+            bar.left = bar.right - ScrollBarWidth();
+        ScrollBar_Draw(hdc, BarInfo(pWnd, SB_VERT), &bar, nullptr);
+        sizeBox.left = bar.left;
+        sizeBox.right = bar.right;
+    }
+    if (IsRectEmpty(&sizeBox))
+        return;
+    RECT bounds = {};
+    GdiGetDCOutputBounds(hdc, &bounds);
+    OffsetRect(&sizeBox, bounds.left, bounds.top);
+    const GdkRectangle box = {sizeBox.left, sizeBox.top, Width(sizeBox), Height(sizeBox)};
+    DrawGtkWindow(GetGdkDrawable(hdc), &box, &box);
+}
+
+} // namespace
+
+// A decorated window's frame is the window manager's: only its menu bar is
+// painted here.  The region does not limit the painting.
+void DefNCPaint(HWND hWnd, HRGN)
+{
+    const vorlan::Window *pWnd = vorlan::getWindow(hWnd);
+    if (pWnd == nullptr)
+        return;
+    if (IsWindowDecorated(hWnd)) {
+        DoNCPaint(hWnd, nullptr);
+        return;
+    }
+    HDC hdc = GetWindowDC(hWnd);
+    if (hdc == nullptr)
+        return;
+    RECT rect = pWnd->rcWindow;
+    OffsetRect(&rect, -rect.left, -rect.top);
+    PaintBorders(hdc, pWnd->dwStyle, pWnd->dwExStyle, &rect);
+    PaintScrollBars(hdc, pWnd, rect);
+    ReleaseDC(hWnd, hdc);
+}
+
+void DefNCMouse(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_NCRBUTTONUP) {
+        SendMessageW(hWnd, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(hWnd), lParam);
+        return;
+    }
+    if (message != WM_NCLBUTTONDOWN && message != WM_NCLBUTTONDBLCLK)
+        return;
+    const POINT pt = {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+    if (wParam == HTMENU)
+        SendMessageW(hWnd, WM_SYSCOMMAND, SC_MOUSEMENU, lParam);
+    else if (wParam == HTHSCROLL || wParam == HTVSCROLL)
+        ScrollBar_MousePress(hWnd, wParam == HTHSCROLL ? SB_HORZ : SB_VERT, pt);
+    else if (wParam >= HTLEFT && wParam <= HTBOTTOMRIGHT)
+        SendMessageW(hWnd, WM_SYSCOMMAND, SC_SIZE | (wParam - (HTLEFT - WMSZ_LEFT)), lParam);
 }
 
 BOOL WINAPI AdjustWindowRectEx(LPRECT lpRect, DWORD dwStyle, BOOL bMenu, DWORD dwExStyle)

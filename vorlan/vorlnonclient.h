@@ -16,4 +16,11 @@ extern int _dialogUseWMD;
 void DefNCCalcSize(HWND hWnd, RECT *rect);
 LRESULT DefNCHitTest(HWND hWnd, POINT pt);
 
+// Paints the frame of an undecorated window (and the menu bar of a
+// decorated one); the region does not limit what is painted.
+void DefNCPaint(HWND hWnd, HRGN hRgn);
+// WM_NCLBUTTONDOWN and WM_NCLBUTTONDBLCLK over the menu bar, the scroll bars
+// and the sizing edges, and WM_NCRBUTTONUP, become their commands.
+void DefNCMouse(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
+
 #endif // VORLAN_VORLNONCLIENT_H

@@ -45,10 +45,6 @@ BOOL ProcessKeyMessage(_InputMSG *record)
 
 // ---- Mouse and capture (vorlan/gtk/vorlmouse) --------------------------------
 
-HWND WINAPI GetCapture(void) { return nullptr; }
-
-BOOL WINAPI ReleaseCapture(void) { return FALSE; }
-
 BOOL WINAPI GetCursorPos(LPPOINT lpPoint)
 {
     if (lpPoint == nullptr)
@@ -122,16 +118,16 @@ HWND GetMenuOwner() { return nullptr; }
 
 void ExitMenu() {}
 
-// ---- Non-client frame (vorlan/vorlnonclient) ------------------------------------
+void DoNCPaint(HWND, HDC) {}
+
+// ---- Scroll bars (vorlan/vorlscrollbar) ------------------------------------------
 //
-// The window manager draws the frames of decorated windows; the library's
-// own frames are not drawn yet.
+// No scroll bar is painted or tracked yet; the frame still reserves their
+// room.
 
-void DefNCPaint(HWND, HRGN) {}
+void ScrollBar_Draw(HDC, ScrollBarInfo *, const RECT *, const RECT *) {}
 
-void DefNCMouse(HWND, UINT, WPARAM, LPARAM) {}
-
-void DefSizeCommand(HWND, int, POINT) {}
+void ScrollBar_MousePress(HWND, int, POINT) {}
 
 // ---- Metafiles (vorlan/gdi/vorlmetafile) -------------------------------------------
 

@@ -67,13 +67,18 @@ int Menu_FindAccelItem(HMENU hMenu, WCHAR ch);
 HWND GetMenuOwner();
 void ExitMenu();
 
-// ---- Non-client frame (vorlan/vorlnonclient) ------------------------------------
+// Paints the menu bar of a window that has one.
+void DoNCPaint(HWND hWnd, HDC hdc);
 
-// Paints the frame, and handles mouse messages over it.
-void DefNCPaint(HWND hWnd, HRGN hRgn);
-void DefNCMouse(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
-// The modal loop of sizing by the mouse from edge `code` (WMSZ_).
-void DefSizeCommand(HWND hWnd, int code, POINT pt);
+// ---- Scroll bars (vorlan/vorlscrollbar) ------------------------------------------
+
+struct ScrollBarInfo;
+// Paints one bar into the rectangle (DC coordinates); a null clip is the
+// rectangle.
+void ScrollBar_Draw(HDC hdc, ScrollBarInfo *info, const RECT *rect, const RECT *clip);
+// The modal loop of a press on bar `nBar` (SB_HORZ, SB_VERT, SB_CTL) at a
+// screen point.
+void ScrollBar_MousePress(HWND hWnd, int nBar, POINT pt);
 
 // ---- Metafiles (vorlan/gdi/vorlmetafile) -------------------------------------------
 

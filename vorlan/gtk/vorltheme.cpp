@@ -1,9 +1,13 @@
 // The hidden GTK widgets whose styles give the controls their look, and the
 // sizes and colours read from them.
-#include "gtk/vorlgtklock.h"
 #include "gtk/vorltheme.h"
 
+#include <vorlan.h>
+
+#include "gtk/vorlgtklock.h"
+
 #include <algorithm>
+#include <initializer_list>
 
 // ----------------------------------------------------------------------------
 // Creation of the hidden theme widgets, in a fixed order: each widget is
@@ -171,4 +175,168 @@ unsigned long AdjustBrightness(unsigned long color, int delta)
 COLORREF GdkColorToColorRef(const GdkColor &color)
 {
     return RGB(HighByte(color.red), HighByte(color.green), HighByte(color.blue));
+}
+
+// ----------------------------------------------------------------------------
+// Painting with the theme's styles.
+
+namespace {
+
+GdkRectangle *Area(const GdkRectangle *clip)
+{
+    return const_cast<GdkRectangle *>(clip);
+}
+
+using StylePaint = void (*)(GtkWidget *widget, GdkDrawable *drawable, const GdkRectangle &rect,
+                            GdkRectangle *area);
+
+// Runs `paint` with the widget that `pick` chooses from the hidden set,
+// under the toolkit lock.
+void PaintWith(GtkWidget *vorlan::ThemeWidgets::*pick, GdkDrawable *drawable, const GdkRectangle *rect,
+               const GdkRectangle *clip, StylePaint paint)
+{
+    if (drawable == nullptr || rect == nullptr)
+        return;
+    vorlan::GtkCriticalSection lock;
+    GtkWidget *widget = vorlan::EnsureDummyWidgets().*pick;
+    paint(widget, drawable, *rect, Area(clip));
+}
+
+void DefaultBackground(GtkWidget *widget, GdkDrawable *drawable, const GdkRectangle &r, GdkRectangle *area,
+                       gboolean setBg)
+{
+    gtk_style_apply_default_background(widget->style, drawable, setBg, GTK_STATE_NORMAL, area, r.x, r.y, r.width,
+                                       r.height);
+}
+
+} // namespace
+
+void DrawGtkMenuBarBackground(GdkDrawable *drawable, const GdkRectangle *rect, const GdkRectangle *clip)
+{
+    PaintWith(&vorlan::ThemeWidgets::menuBar, drawable, rect, clip,
+              [](GtkWidget *w, GdkDrawable *d, const GdkRectangle &r, GdkRectangle *area) {
+                  DefaultBackground(w, d, r, area, FALSE);
+                  gtk_paint_box(w->style, d, GTK_STATE_NORMAL, GTK_SHADOW_OUT, area, w, "menubar", r.x, r.y,
+                                r.width, r.height);
+              });
+}
+
+void DrawGtkMenuBackground(GdkDrawable *drawable, const GdkRectangle *rect, const GdkRectangle *clip)
+{
+    PaintWith(&vorlan::ThemeWidgets::menu, drawable, rect, clip,
+              [](GtkWidget *w, GdkDrawable *d, const GdkRectangle &r, GdkRectangle *area) {
+                  DefaultBackground(w, d, r, area, TRUE);
+                  gtk_paint_box(w->style, d, GTK_STATE_NORMAL, GTK_SHADOW_OUT, area, w, "menu", r.x, r.y, r.width,
+                                r.height);
+              });
+}
+
+void DrawGtkEntryBackground(GdkDrawable *drawable, const GdkRectangle *rect, const GdkRectangle *clip)
+{
+    PaintWith(&vorlan::ThemeWidgets::entry, drawable, rect, clip,
+              [](GtkWidget *w, GdkDrawable *d, const GdkRectangle &r, GdkRectangle *area) {
+                  gtk_paint_flat_box(w->style, d, GTK_STATE_NORMAL, GTK_SHADOW_NONE, area, w, "entry_bg", r.x, r.y,
+                                     r.width, r.height);
+              });
+}
+
+void DrawGtkEntryBorder(GdkDrawable *drawable, const GdkRectangle *rect, const GdkRectangle *clip)
+{
+    PaintWith(&vorlan::ThemeWidgets::entry, drawable, rect, clip,
+              [](GtkWidget *w, GdkDrawable *d, const GdkRectangle &r, GdkRectangle *area) {
+                  gtk_paint_shadow(w->style, d, GTK_STATE_NORMAL, GTK_SHADOW_IN, area, w, "entry", r.x, r.y,
+                                   r.width, r.height);
+              });
+}
+
+void DrawGtkWindow(GdkDrawable *drawable, const GdkRectangle *rect, const GdkRectangle *clip)
+{
+    PaintWith(&vorlan::ThemeWidgets::packingWindow, drawable, rect, clip,
+              [](GtkWidget *w, GdkDrawable *d, const GdkRectangle &r, GdkRectangle *area) {
+                  DefaultBackground(w, d, r, area, FALSE);
+                  gtk_paint_flat_box(w->style, d, GTK_STATE_NORMAL, GTK_SHADOW_NONE, area, w, "base", r.x, r.y,
+                                     r.width, r.height);
+              });
+}
+
+void DrawGtkWindow(GdkDrawable *drawable, GdkGC *gc, int x, int y, int width, int height)
+{
+    if (drawable == nullptr || gc == nullptr)
+        return;
+    vorlan::GtkCriticalSection lock;
+    GtkStyle *style = vorlan::EnsureDummyWidgets().packingWindow->style;
+    GdkGC *fill = gdk_gc_new(drawable);
+    gdk_gc_copy(fill, gc);
+    gdk_gc_set_subwindow(fill, GDK_CLIP_BY_CHILDREN);
+    GdkPixmap *tile = style->bg_pixmap[GTK_STATE_NORMAL];
+    if (tile != nullptr && tile != reinterpret_cast<GdkPixmap *>(GDK_PARENT_RELATIVE)) {
+        gdk_gc_set_fill(fill, GDK_TILED);
+        gdk_gc_set_tile(fill, tile);
+    } else {
+        gdk_gc_set_rgb_fg_color(fill, &style->bg[GTK_STATE_NORMAL]);
+    }
+    gdk_draw_rectangle(drawable, fill, TRUE, x, y, width, height);
+    g_object_unref(fill);
+}
+
+namespace {
+
+using StripPaint = void (*)(GdkDrawable *drawable, const GdkRectangle *rect, const GdkRectangle *clip);
+
+// Paints the whole rectangle four times, each time clipped to one strip of
+// the frame of thickness cx by cy inside it: top, bottom, left, right.
+void PaintFrameStrips(GdkDrawable *drawable, const GdkRectangle &rect, int cx, int cy,
+                      std::initializer_list<StripPaint> paints)
+{
+    const int sideHeight = rect.height - 2 * cy;
+    const GdkRectangle strips[4] = {
+        {rect.x, rect.y, rect.width, cy},
+        {rect.x, rect.y + rect.height - cy, rect.width, cy},
+        {rect.x, rect.y + cy, cx, sideHeight},
+        {rect.x + rect.width - cx, rect.y + cy, cx, sideHeight},
+    };
+    for (const GdkRectangle &strip : strips) {
+        if (strip.width <= 0 || strip.height <= 0)
+            continue;
+        for (StripPaint paint : paints)
+            paint(drawable, &rect, &strip);
+    }
+}
+
+GdkRectangle ToGdk(const RECT &rect, POINT origin)
+{
+    return {rect.left + origin.x, rect.top + origin.y, rect.right - rect.left, rect.bottom - rect.top};
+}
+
+// The drawable of a screen DC and the DC's place in it.
+bool DrawableOf(HDC hdc, GdkDrawable **drawable, POINT *origin)
+{
+    RECT bounds = {};
+    *drawable = GetGdkDrawable(hdc);
+    if (*drawable == nullptr || !GdiGetDCOutputBounds(hdc, &bounds))
+        return false;
+    *origin = {bounds.left, bounds.top};
+    return true;
+}
+
+} // namespace
+
+void DrawDialogFrame(HDC hdc, const RECT *rect)
+{
+    GdkDrawable *drawable = nullptr;
+    POINT origin = {};
+    if (rect == nullptr || !DrawableOf(hdc, &drawable, &origin))
+        return;
+    PaintFrameStrips(drawable, ToGdk(*rect, origin), GetSystemMetrics(SM_CXDLGFRAME),
+                     GetSystemMetrics(SM_CYDLGFRAME), {DrawGtkMenuBackground});
+}
+
+void DrawClientEdge(HDC hdc, const RECT *rect)
+{
+    GdkDrawable *drawable = nullptr;
+    POINT origin = {};
+    if (rect == nullptr || !DrawableOf(hdc, &drawable, &origin))
+        return;
+    PaintFrameStrips(drawable, ToGdk(*rect, origin), GetSystemMetrics(SM_CXEDGE), GetSystemMetrics(SM_CYEDGE),
+                     {DrawGtkEntryBackground, DrawGtkEntryBorder});
 }

@@ -71,4 +71,29 @@ unsigned long AdjustBrightness(unsigned long color, int delta);
 // A GDK colour as a COLORREF: the high byte of each 16-bit channel.
 COLORREF GdkColorToColorRef(const GdkColor &color);
 
+// ----------------------------------------------------------------------------
+// Painting with the theme.  Each call paints into a drawable with the style
+// of one hidden widget, as GTK's own widget of that kind would paint; `rect`
+// is in drawable coordinates and `clip`, when not null, limits the paint.
+// Each takes the toolkit lock.
+
+// The background of a menu bar, and of a popup menu.
+void DrawGtkMenuBarBackground(GdkDrawable *drawable, const GdkRectangle *rect, const GdkRectangle *clip);
+void DrawGtkMenuBackground(GdkDrawable *drawable, const GdkRectangle *rect, const GdkRectangle *clip);
+// An entry's inner background, and its sunken border.
+void DrawGtkEntryBackground(GdkDrawable *drawable, const GdkRectangle *rect, const GdkRectangle *clip);
+void DrawGtkEntryBorder(GdkDrawable *drawable, const GdkRectangle *rect, const GdkRectangle *clip);
+// The window background.
+void DrawGtkWindow(GdkDrawable *drawable, const GdkRectangle *rect, const GdkRectangle *clip);
+// The window background as a plain fill through a copy of `gc`, which
+// leaves child windows alone.
+void DrawGtkWindow(GdkDrawable *drawable, GdkGC *gc, int x, int y, int width, int height);
+
+// Frames painted through a device context (a window or memory DC of the
+// screen): a dialog frame of SM_CXDLGFRAME by SM_CYDLGFRAME around `rect`,
+// and a client edge of SM_CXEDGE by SM_CYEDGE, both inside the rectangle,
+// which is in the DC's coordinates.  Other DCs paint nothing.
+void DrawDialogFrame(HDC hdc, const RECT *rect);
+void DrawClientEdge(HDC hdc, const RECT *rect);
+
 #endif // VORLAN_GTK_VORLTHEME_H
