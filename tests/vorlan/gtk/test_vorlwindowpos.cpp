@@ -302,6 +302,28 @@ TEST(WindowPositioning, DecoratedWindowsXWindowIsItsClientPart)
     EXPECT_TRUE(XFollows(xid, clientOnScreen));
     expectFrame();
     EXPECT_FALSE(recorder.Saw(hwnd, WM_WINDOWPOSCHANGING));
+
+    // It resizes it: the client takes the X window's new size, and the
+    // client origin is where X shows the window.
+    recorder.Clear();
+    {
+        vorlan::GtkCriticalSection lock;
+        XResizeWindow(XDisplay(), xid, 260, 150);
+        XFlush(XDisplay());
+    }
+    EXPECT_TRUE(PumpUntil([&] {
+        RECT client = {};
+        GetClientRect(hwnd, &client);
+        return client.right == 260 && client.bottom == 150;
+    }));
+    EXPECT_TRUE(recorder.Saw(hwnd, WM_SIZE));
+    EXPECT_TRUE(XFollows(xid, clientOnScreen));
+    expectFrame();
+    POINT origin = {0, 0};
+    ClientToScreen(hwnd, &origin);
+    const RECT client = clientOnScreen();
+    EXPECT_EQ(origin.x, client.left);
+    EXPECT_EQ(origin.y, client.top);
 }
 
 TEST(WindowZOrder, ChildListFollowsXStackingForEveryInsertAfter)
