@@ -91,6 +91,66 @@ TEST_F(DefaultProcedure, UnknownMessagesGiveZeroAndSendNothingOthersHaveFixedAns
     EXPECT_EQ(DefWindowProcW(hwnd, WM_VKEYTOITEM, 0, 0), 0);
 }
 
+// A memory DC on a white 40 x 30 bitmap.
+struct WhiteCanvas {
+    WhiteCanvas()
+        : hdc(CreateCompatibleDC(nullptr)), bitmap(CreateBitmap(40, 30, 1, GetDeviceCaps(hdc, BITSPIXEL), nullptr))
+    {
+        old = SelectObject(hdc, bitmap);
+        PatBlt(hdc, 0, 0, 40, 30, WHITENESS);
+    }
+    ~WhiteCanvas()
+    {
+        SelectObject(hdc, old);
+        DeleteObject(bitmap);
+        DeleteDC(hdc);
+    }
+    HDC hdc;
+    HBITMAP bitmap;
+    HGDIOBJ old;
+};
+
+// The erase fills the client area, in the DC it is given, with the class
+// brush, and a list box item's focus is drawn as a focus rectangle.
+TEST(DefaultProcedurePainting, EraseUsesTheClassBrushAndListBoxFocusDrawsAFocusRectangle)
+{
+    const COLORREF red = RGB(200, 0, 0);
+    HBRUSH brush = CreateSolidBrush(red);
+    WNDCLASSW wc = {};
+    wc.lpfnWndProc = DefWindowProcW;
+    wc.hbrBackground = brush;
+    wc.lpszClassName = reinterpret_cast<LPCWSTR>(u"VorlanEraseClass");
+    ASSERT_NE(RegisterClassW(&wc), 0);
+    const HWND hwnd = CreateWindowExW(0, wc.lpszClassName, nullptr, WS_POPUP, 0, 0, 30, 20, nullptr, nullptr,
+                                      nullptr, nullptr);
+    WhiteCanvas canvas;
+    EXPECT_EQ(DefWindowProcW(hwnd, WM_ERASEBKGND, reinterpret_cast<WPARAM>(canvas.hdc), 0), 1);
+    EXPECT_EQ(GetPixel(canvas.hdc, 0, 0), red);
+    EXPECT_EQ(GetPixel(canvas.hdc, 29, 19), red);
+    EXPECT_EQ(GetPixel(canvas.hdc, 30, 19), RGB(255, 255, 255));
+    EXPECT_EQ(GetPixel(canvas.hdc, 29, 20), RGB(255, 255, 255));
+
+    WhiteCanvas focus;
+    DRAWITEMSTRUCT item = {};
+    item.CtlType = ODT_LISTBOX;
+    item.itemAction = ODA_FOCUS;
+    item.hDC = focus.hdc;
+    item.rcItem = {5, 5, 25, 15};
+    EXPECT_EQ(DefWindowProcW(hwnd, WM_DRAWITEM, 0, reinterpret_cast<LPARAM>(&item)), 0);
+    int marked = 0;
+    for (int x = 5; x < 25; ++x)
+        marked += GetPixel(focus.hdc, x, 5) != RGB(255, 255, 255);
+    EXPECT_GE(marked, 5) << "the top edge of the focus rectangle";
+    EXPECT_EQ(GetPixel(focus.hdc, 10, 10), RGB(255, 255, 255));
+    item.itemAction = ODA_DRAWENTIRE;
+    item.rcItem = {30, 20, 38, 28};
+    DefWindowProcW(hwnd, WM_DRAWITEM, 0, reinterpret_cast<LPARAM>(&item));
+    EXPECT_EQ(GetPixel(focus.hdc, 30, 20), RGB(255, 255, 255));
+    DestroyWindow(hwnd);
+    UnregisterClassW(wc.lpszClassName, nullptr);
+    DeleteObject(brush);
+}
+
 // --- creation and text ---------------------------------------------------
 
 TEST_F(DefaultProcedure, NcCreateStoresTheTitleOfTheCreateStructOnlyWhenPassedOn)

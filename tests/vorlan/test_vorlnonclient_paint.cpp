@@ -254,6 +254,41 @@ TEST_F(SizeCommand, EscapeRestoresTheRectangleAndTheMinimumTrackSizeHolds)
     EXPECT_EQ(shrunk.left, before.left);
 }
 
+// Forged and destroyed handles reach the frame code through the default
+// procedure: nothing is painted, nothing is sent, nothing crashes.
+TEST(NonClientBadInput, ForgedAndDeadHandlesGiveZero)
+{
+    MessageRecorder recorder("VorlanNcBadInput");
+    const HWND dead = recorder.Create(WS_POPUP | WS_BORDER, 0, 0, 20, 20);
+    DestroyWindow(dead);
+    struct Call {
+        UINT message;
+        WPARAM wParam;
+        LPARAM lParam;
+    };
+    RECT rc = {0, 0, 10, 10};
+    const Call calls[] = {
+        {WM_NCPAINT, 1, 0},
+        {WM_NCHITTEST, 0, MAKELPARAM(5, 5)},
+        {WM_NCCALCSIZE, FALSE, reinterpret_cast<LPARAM>(&rc)},
+        {WM_NCCALCSIZE, FALSE, 0},
+        {WM_NCLBUTTONDOWN, HTLEFT, 0},
+        {WM_NCLBUTTONDOWN, HTMENU, 0},
+        {WM_NCRBUTTONUP, HTBORDER, 0},
+        {WM_SYSCOMMAND, SC_SIZE | WMSZ_LEFT, 0},
+        {WM_SYSCOMMAND, SC_SIZE | 0xF, 0},
+        {WM_ERASEBKGND, 0, 0},
+    };
+    for (HWND hwnd : {dead, reinterpret_cast<HWND>(0x4D726577 + 9999), reinterpret_cast<HWND>(-1)}) {
+        for (const Call &c : calls) {
+            SCOPED_TRACE(c.message);
+            EXPECT_EQ(DefWindowProcW(hwnd, c.message, c.wParam, c.lParam), 0);
+        }
+    }
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_TRUE(recorder.Of(dead, WM_SYSCOMMAND).empty());
+}
+
 TEST(Capture, OneWindowOfTheThreadHoldsItAndHearsWhenItGoes)
 {
     MessageRecorder recorder("VorlanCapture");
