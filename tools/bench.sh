@@ -4,6 +4,10 @@
 #
 #   tools/bench.sh [build-dir] [extra benchmark arguments...]
 #
+# With VORLAN_BENCH_README=1 it also rewrites the performance table of
+# README.md from this run (tools/bench_table.py), with the machine, the date
+# and the command line printed under it.
+#
 # The build directory defaults to build-bench under the source tree; it is
 # configured as a release build with the benchmarks and without the tests.
 set -euo pipefail
@@ -26,27 +30,9 @@ trap 'rm -f "$json"' EXIT
 "$root/tools/with-xvfb.sh" -- "$build/bench/vorlan_bench" \
   --benchmark_out="$json" --benchmark_out_format=json "$@"
 
-python3 - "$json" <<'PY'
-import json, sys
-# With repetitions the median stands for a benchmark, else its one run.
-runs = {}
-for b in json.load(open(sys.argv[1]))["benchmarks"]:
-    name = b.get("run_name", b["name"]).split("/real_time")[0]
-    if b.get("run_type") == "aggregate":
-        if b.get("aggregate_name") == "median":
-            runs[name] = b
-    else:
-        runs.setdefault(name, b)
-print()
-print("%-16s %14s %14s %8s" % ("measure", "vorlan", "baseline", "ratio"))
-measures = (("PostPeek", "ns/message"), ("SendRoundTrip", "ns/round trip"),
-            ("DrawLines", "ns/batch of 64"), ("DrawRectangles", "ns/batch of 64"),
-            ("DrawEllipses", "ns/batch of 64"), ("PatternFills", "ns/batch of 64"))
-for measure, unit in measures:
-    queue = runs.get(measure + "/Queue") or runs.get(measure + "/Vorlan")
-    base = runs.get(measure + "/Baseline")
-    if not queue or not base:
-        continue
-    q, b = queue["real_time"], base["real_time"]
-    print("%-16s %11.0f ns %11.0f ns %7.1fx   (%s)" % (measure, q, b, q / b, unit))
-PY
+echo
+if [ "${VORLAN_BENCH_README:-}" = 1 ]; then
+  VORLAN_BENCH_COMMAND="tools/bench.sh BUILD-DIR $*" python3 "$root/tools/bench_table.py" "$json" --readme "$root/README.md"
+  echo "README.md: performance table rewritten"
+fi
+python3 "$root/tools/bench_table.py" "$json"
