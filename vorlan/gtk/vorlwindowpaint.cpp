@@ -555,23 +555,78 @@ void AdoptAsWindowDC(vorlan::Window *pWnd, HDC dc, DWORD flags)
     }
 }
 
+// The "whole window" region of WM_NCPAINT, which limits nothing.
+const HRGN kWholeWindowRegion = reinterpret_cast<HRGN>(1);
+
+bool UsesClipRegion(HRGN hrgnClip, DWORD flags)
+{
+    return (flags & (DCX_INTERSECTRGN | DCX_EXCLUDERGN)) != 0 && hrgnClip != nullptr &&
+           hrgnClip != kWholeWindowRegion;
+}
+
+// Where the DC's origin lies on the screen: the window's top left corner
+// (for a decorated window, the corner of the part the library draws), or
+// the client area's.
+POINT DCOriginOnScreen(const vorlan::Window *pWnd, DWORD flags)
+{
+    if (!(flags & DCX_WINDOW))
+        return {pWnd->rcClient.left, pWnd->rcClient.top};
+    const POINT frame = vorlan::FrameOrigin(pWnd->hWnd);
+    return {pWnd->rcWindow.left + frame.x, pWnd->rcWindow.top + frame.y};
+}
+
+// The caller's region (screen coordinates) as the DC's painting clip (DC
+// coordinates): the region itself with DCX_INTERSECTRGN, the rest of the
+// DC's area with DCX_EXCLUDERGN, cut by the update region with
+// DCX_INTERSECTUPDATE.
+HRGN PaintingClip(const vorlan::Window *pWnd, HRGN hrgnClip, DWORD flags, const RECT &area)
+{
+    const POINT origin = DCOriginOnScreen(pWnd, flags);
+    HRGN clip = CreateRectRgn(0, 0, 0, 0);
+    CombineRgn(clip, hrgnClip, nullptr, RGN_COPY);
+    OffsetRgn(clip, -origin.x, -origin.y);
+    if (flags & DCX_EXCLUDERGN) {
+        HRGN whole = CreateRectRgn(0, 0, area.right - area.left, area.bottom - area.top);
+        CombineRgn(clip, whole, clip, RGN_DIFF);
+        DeleteObject(whole);
+    }
+    if ((flags & DCX_INTERSECTUPDATE) && pWnd->hUpdateRegion != nullptr)
+        CombineRgn(clip, clip, pWnd->hUpdateRegion, RGN_AND);
+    return clip;
+}
+
 } // namespace
 
+// A clip region given with DCX_INTERSECTRGN or DCX_EXCLUDERGN is in screen
+// coordinates and becomes the caller's no longer: it is deleted once the DC
+// has its own copy.  (HRGN)1, the whole window of WM_NCPAINT, limits
+// nothing.  The kept DC of a CS_OWNDC window is returned unclipped.
 HDC WINAPI GetDCEx(HWND hWnd, HRGN hrgnClip, DWORD flags)
 {
-    VORLAN_ASSERT(hrgnClip == 0);
     vorlan::GtkCriticalSection lock;
     if (hWnd == nullptr)
         hWnd = GetDesktopWindow();
     vorlan::Window *pWnd = vorlan::getWindowOrFail(hWnd);
     if (pWnd == nullptr)
         return nullptr;
+    const bool clipped = UsesClipRegion(hrgnClip, flags);
+    if (clipped && GetObjectType(hrgnClip) != OBJ_REGION) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
     if (!(flags & (DCX_WINDOW | DCX_CACHE)) && pWnd->hDC != nullptr)
         return pWnd->hDC;
     const RECT rect = OutputRect(pWnd, flags);
+    HRGN clip = clipped ? PaintingClip(pWnd, hrgnClip, flags, rect) : nullptr;
     HDC dc = GdiCreateWindowDC(hWnd, flags, GetGdkWindow(hWnd), &rect);
     if (dc != nullptr && GdiSetDeleteDCProc(dc, UserDeleteDCProc, hWnd))
         AdoptAsWindowDC(pWnd, dc, flags);
+    if (dc != nullptr && clip != nullptr) {
+        _SetWindowDCUpdateRegion(dc, clip);
+        DeleteObject(hrgnClip);
+    }
+    if (clip != nullptr)
+        DeleteObject(clip);
     return dc;
 }
 

@@ -435,3 +435,52 @@ TEST(WindowDC, KeptDcOfAChildCutByItsParentDrawsWhereOtherDcsDo)
     EXPECT_EQ(GetPixel(fresh, 15, 5), RGB(255, 0, 0));
     ReleaseDC(child, fresh);
 }
+
+// The custom-frame idiom: a window DC limited by a region in screen
+// coordinates, kept or cut away, and the whole-window value of WM_NCPAINT.
+TEST(WindowDC, ClipRegionOfGetDCExIsKeptOrCutAwayAndBelongsToTheDC)
+{
+    MessageRecorder recorder("VorlanDCClipRegion");
+    const HWND hwnd = PaintedPopup(recorder, 60, 70, 40, 20);
+    const COLORREF red = RGB(255, 0, 0), white = RGB(255, 255, 255);
+    auto paint = [&](HRGN region, DWORD flags, COLORREF colour) {
+        HDC hdc = GetDCEx(hwnd, region, DCX_WINDOW | flags);
+        EXPECT_NE(hdc, nullptr);
+        HBRUSH brush = CreateSolidBrush(colour);
+        RECT all = {0, 0, 40, 20};
+        FillRect(hdc, &all, brush);
+        DeleteObject(brush);
+        ReleaseDC(hwnd, hdc);
+    };
+    auto leftAndRight = [&] {
+        HDC hdc = GetWindowDC(hwnd);
+        const std::vector<COLORREF> pixels = {GetPixel(hdc, 5, 10), GetPixel(hdc, 35, 10)};
+        ReleaseDC(hwnd, hdc);
+        return pixels;
+    };
+    struct Case {
+        DWORD flags;
+        std::vector<COLORREF> expected;
+    };
+    const Case cases[] = {
+        {DCX_INTERSECTRGN, {red, white}},
+        {DCX_EXCLUDERGN, {white, red}},
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.flags);
+        paint(reinterpret_cast<HRGN>(1), DCX_INTERSECTRGN, white);
+        // The left half of the window, on the screen.
+        HRGN left = CreateRectRgn(60, 70, 80, 90);
+        paint(left, c.flags, red);
+        EXPECT_EQ(leftAndRight(), c.expected);
+        EXPECT_EQ(GetObjectType(left), 0u) << "the DC took the region";
+    }
+    paint(reinterpret_cast<HRGN>(1), DCX_INTERSECTRGN, red);
+    EXPECT_EQ(leftAndRight(), (std::vector<COLORREF>{red, red}));
+
+    HRGN forged = reinterpret_cast<HRGN>(0x70040000 | 0x3FFF);
+    SetLastError(0);
+    EXPECT_EQ(GetDCEx(hwnd, forged, DCX_WINDOW | DCX_INTERSECTRGN), nullptr);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
+    DestroyWindow(hwnd);
+}
