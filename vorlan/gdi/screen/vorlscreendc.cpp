@@ -349,8 +349,7 @@ int ScreenContext::applyBitmap()
 
 int ScreenContext::ApplyObject(UINT objectType)
 {
-    VORLAN_ASSERT(objectType < vorlan::kDCObjectSlots &&
-                                                        dcState.hObjects[objectType] != nullptr);
+    VORLAN_ASSERT(objectType < vorlan::kDCObjectSlots && dcState.hObjects[objectType] != nullptr);
     switch (objectType) {
     case OBJ_BITMAP:
         return applyBitmap();
