@@ -7,6 +7,7 @@
 #include "vorlnonclient.h"
 #include "gtk/vorlpending.h"
 #include "gtk/vorlgtklock.h"
+#include "gtk/vorlsysparams.h"
 #include "gtk/vorlthread.h"
 #include "gtk/vorlwindow.h"
 #include "gtk/vorlwindowpos.h"
@@ -211,13 +212,66 @@ bool ResolveParent(const CREATESTRUCTW &cs, HWND *parent, HWND *owner)
     return true;
 }
 
+// CW_USEDEFAULT.  An overlapped window gets the next place of a cascade over
+// the desktop's work area (y is then ignored) and, for a default width, three
+// quarters of the work area (the height is then ignored).  Popup and child
+// windows get 0 for each default, as on Win32.
+namespace {
+
+int s_cascadeStep = 0;
+
+POINT NextCascadePosition(const RECT &work, SIZE size)
+{
+    const int offset = GetSystemMetrics(SM_CYCAPTION) + GetSystemMetrics(SM_CYFRAME);
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        const POINT pt = {work.left + s_cascadeStep * offset, work.top + s_cascadeStep * offset};
+        ++s_cascadeStep;
+        if (pt.x + size.cx <= work.right && pt.y + size.cy <= work.bottom)
+            return pt;
+        s_cascadeStep = 0;
+    }
+    ++s_cascadeStep;
+    return {work.left, work.top};
+}
+
+void ResolveDefaultPlacement(CREATESTRUCTW &cs)
+{
+    const bool overlapped = (static_cast<DWORD>(cs.style) & (WS_POPUP | WS_CHILD)) == 0;
+    const bool defaultPlace = cs.x == CW_USEDEFAULT;
+    const bool defaultSize = cs.cx == CW_USEDEFAULT;
+    if (!overlapped) {
+        if (defaultPlace)
+            cs.x = cs.y = 0;
+        if (defaultSize)
+            cs.cx = cs.cy = 0;
+        if (cs.y == CW_USEDEFAULT)
+            cs.y = 0;
+        if (cs.cy == CW_USEDEFAULT)
+            cs.cy = 0;
+        return;
+    }
+    const RECT work = vorlan::GetDesktopWorkArea();
+    if (defaultSize) {
+        cs.cx = (work.right - work.left) * 3 / 4;
+        cs.cy = (work.bottom - work.top) * 3 / 4;
+    } else if (cs.cy == CW_USEDEFAULT) {
+        cs.cy = (work.bottom - work.top) * 3 / 4;
+    }
+    if (defaultPlace) {
+        const POINT pt = NextCascadePosition(work, {cs.cx, cs.cy});
+        cs.x = pt.x;
+        cs.y = pt.y;
+    } else if (cs.y == CW_USEDEFAULT) {
+        cs.y = work.top;
+    }
+}
+
+} // namespace
+
 HWND CreateWindowCore(CreateArguments &args)
 {
     CREATESTRUCTW &cs = args.cs;
-    // Default positions and sizes are not offered: callers give real ones.
-    const int x = cs.x, y = cs.y, nWidth = cs.cx, nHeight = cs.cy;
-    VORLAN_ASSERT(x != CW_USEDEFAULT && y != CW_USEDEFAULT);
-    VORLAN_ASSERT(nWidth != CW_USEDEFAULT && nHeight != CW_USEDEFAULT);
+    ResolveDefaultPlacement(cs);
     cs.cx = std::max(0, cs.cx);
     cs.cy = std::max(0, cs.cy);
     if (cs.lpszClass == nullptr)

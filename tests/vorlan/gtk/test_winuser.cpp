@@ -5,12 +5,10 @@
 #include "gtk/vorlgtklock.h"
 #include "gtk/vorlwindow.h"
 #include "gtk/vorlxwindow.h"
-#include "support/child_process.h"
 #include "support/gtk_helpers.h"
 #include "support/message_recorder.h"
 #include "support/window_checks.h"
 
-#include <cstdlib>
 #include <thread>
 
 using namespace vorlan_test;
@@ -104,22 +102,35 @@ TEST(WindowCreation, RefusalsAndSelfDestructionReturnZero)
     EXPECT_TRUE(recorder.Saw(recorder.messages().front().hwnd, WM_NCDESTROY));
 }
 
-TEST(WindowCreation, UseDefaultPositionStopsTheProcess)
+// CW_USEDEFAULT: overlapped windows cascade over the work area with three
+// quarters of its size; popup and child windows get zeros.
+TEST(WindowCreation, DefaultPositionAndSizeCascadeOverlappedWindowsAndZeroOthers)
 {
-    if (std::getenv("VORLAN_TEST_USEDEFAULT") != nullptr) {
-        MessageRecorder recorder("VorlanLifecycleUseDefault");
-        recorder.Create(WS_POPUP, CW_USEDEFAULT, 0, 10, 10);
-        std::puts("survived");
-        return;
-    }
-    ChildOptions options;
-    options.path = "/proc/self/exe";
-    options.argv = {"vorlan_tests", "--gtest_filter=WindowCreation.UseDefaultPositionStopsTheProcess"};
-    options.environment["VORLAN_TEST_USEDEFAULT"] = "1";
-    const ChildResult result = RunChild(options);
-    EXPECT_FALSE(result.exited && result.exitStatus == 0) << result.Transcript();
-    EXPECT_EQ(result.out.find("survived"), std::string::npos);
-    EXPECT_NE(result.Transcript().find("x != CW_USEDEFAULT"), std::string::npos) << result.Transcript();
+    MessageRecorder recorder("VorlanLifecycleUseDefault");
+    RECT work = {};
+    ASSERT_TRUE(SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0));
+    const HWND first = recorder.Create(WS_OVERLAPPED, CW_USEDEFAULT, 0, CW_USEDEFAULT, 0);
+    const HWND second = recorder.Create(WS_OVERLAPPED, CW_USEDEFAULT, 999, CW_USEDEFAULT, 999);
+    ASSERT_NE(first, nullptr);
+    ASSERT_NE(second, nullptr);
+    const RECT a = WindowRectOf(first), b = WindowRectOf(second);
+    EXPECT_EQ(a.right - a.left, (work.right - work.left) * 3 / 4);
+    EXPECT_EQ(a.bottom - a.top, (work.bottom - work.top) * 3 / 4);
+    EXPECT_TRUE(a.left >= work.left && a.top >= work.top && a.right <= work.right && a.bottom <= work.bottom);
+    const int step = GetSystemMetrics(SM_CYCAPTION) + GetSystemMetrics(SM_CYFRAME);
+    EXPECT_TRUE((b.left == a.left + step && b.top == a.top + step) || (b.left == work.left && b.top == work.top))
+        << "the second window is the next step of the cascade";
+
+    const HWND sized = recorder.Create(WS_OVERLAPPED, 30, 40, CW_USEDEFAULT, 5);
+    const RECT s = WindowRectOf(sized);
+    EXPECT_EQ(s.left, 30);
+    EXPECT_EQ(s.top, 40);
+    EXPECT_EQ(s.right - s.left, (work.right - work.left) * 3 / 4);
+
+    const HWND popup = recorder.Create(WS_POPUP, CW_USEDEFAULT, 50, CW_USEDEFAULT, 60);
+    EXPECT_TRUE(SameRect(WindowRectOf(popup), RECT{0, 0, 0, 0}));
+    for (HWND hwnd : {first, second, sized, popup})
+        DestroyWindow(hwnd);
 }
 
 TEST(WindowShowing, TopLevelWindowGetsSizeAndMoveAtFirstShowAndChildrenFollowTheirAncestors)
